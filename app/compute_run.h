@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/status_texts.h"
+#include "host/host_queries.h"
+
+/// Where a run shows its progress, one line per entry: the dialog's status list, a terminal.
+class StatusList {
+public:
+    StatusList() = default;
+    StatusList(const StatusList&) = delete;
+    StatusList& operator=(const StatusList&) = delete;
+    virtual ~StatusList() = default;
+
+    virtual void Clear() = 0;
+    virtual void Append(StatusText line) = 0;
+};
+
+/// The reports of a run, as the View commands need them. A run that reaches the host sets both;
+/// one that does not leaves them as they were.
+struct ReportPaths {
+    std::string logFile;
+    std::string resultFile;
+};
+
+/// How a run ended, beyond what the status list says.
+struct RunOutcome {
+    bool complete = false;  ///< the status list reached "Calculation Complete"
+    std::string failure;    ///< what the exception that ended the run said; empty without one
+};
+
+/// Gives the connected host, or null when it cannot be reached. The host stays with the giver
+/// and must live until the run has returned.
+using HostConnector = std::function<HostQueries*()>;
+
+/// One Compute run: checks that the input file exists, connects, drives the engine through its
+/// steps in their fixed order, and closes the log.
+///
+/// Everything that goes wrong inside the run's guarded block ends in the status list. What the
+/// connector, GetModelFilePath or GetBaseUnitSystem throw leaves this function: no log is open by
+/// then, and no closing lines are shown.
+RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
+                      StatusList& status, ReportPaths& reports);
