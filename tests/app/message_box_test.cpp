@@ -32,7 +32,7 @@ private:
     void Read(HWND box) {
         wchar_t words[1000];
         GetWindowTextW(box, words, 1000);
-        caption = words;
+        if (words[0] != 0) caption = words;
         for (HWND child = GetWindow(box, GW_CHILD); child != nullptr;
              child = GetWindow(child, GW_HWNDNEXT)) {
             wchar_t name[32];
@@ -56,7 +56,7 @@ void Report(const std::function<void()>& fail) {
 
 }  // namespace
 
-TEST(MessageBox, BearsTheNameOfTheProgram) {
+TEST(ShowMessageBox, BearsTheNameOfTheProgram) {
     const SeenMessageBox box([] { ShowMessageBox(nullptr, L"Words", MB_OK); });
     EXPECT_EQ(L"Quarnel", box.caption);
     EXPECT_EQ(L"Words", box.text);
