@@ -7,10 +7,12 @@ namespace {
 
 class MainDialog : public DesktopTest {
 protected:
-    // Dialog units to pixels of this dialog.
+    // Dialog units to pixels of this dialog. The dialog manager rounds place and size apart.
     RECT Pixels(int x, int y, int width, int height) {
-        return tool_.Ask(ProbeQuestion::kMapDialogRect, RECT{x, y, x + width, y + height})
-            .rectangle;
+        const RECT place = tool_.Ask(ProbeQuestion::kMapDialogRect, RECT{x, y, x, y}).rectangle;
+        const RECT size =
+            tool_.Ask(ProbeQuestion::kMapDialogRect, RECT{0, 0, width, height}).rectangle;
+        return {place.left, place.top, place.left + size.right, place.top + size.bottom};
     }
 
     void ExpectPlace(HWND control, const RECT& expected) {
