@@ -228,14 +228,17 @@ void AutomationDriver::Run(const HostMember& method,
 IDispatch* AutomationDriver::ReadObject(const HostMember& property) const {
     HostResult value;
     Invoke(property, DISPATCH_PROPERTYGET, {}, value.Receive());
-    HostResult object;
-    const HRESULT status = VariantChangeType(object.Receive(), value.Receive(), 0, VT_DISPATCH);
-    if (FAILED(status))
-        throw AutomationError(status, std::string(property.name) +
-                                          ": the host answers with something that is no "
-                                          "automation object: " +
-                                          StatusText(status));
-    return std::exchange(V_DISPATCH(object.Receive()), nullptr);
+    VARIANT& object = *value.Receive();
+    if (V_VT(&object) != VT_DISPATCH) {
+        const HRESULT status = VariantChangeType(&object, &object, 0, VT_DISPATCH);
+        if (FAILED(status)) {
+            throw AutomationError(status, std::string(property.name) +
+                                              ": the host answers with something that is no "
+                                              "automation object: " +
+                                              StatusText(status));
+        }
+    }
+    return std::exchange(V_DISPATCH(&object), nullptr);
 }
 
 void AutomationDriver::Invoke(const HostMember& member, WORD kind,

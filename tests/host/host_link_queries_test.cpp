@@ -9,7 +9,7 @@
 #include "host/host_link.h"
 #include "tests/support/com_apartment.h"
 #include "tests/support/com_memory.h"
-#include "tests/support/fake_host.h"
+#include "tests/support/fake_automation_host.h"
 
 using testing::Each;
 using testing::ElementsAre;
@@ -30,29 +30,29 @@ constexpr SixDoubles kSixZeros{};
 // What each of the nineteen queries must look like at the host. The lists have two elements here.
 struct QueryShape {
     const char* name;
-    std::function<FakeDispatch&(FakeHost&)> object;
+    std::function<FakeDispatch&(FakeAutomationHost&)> object;
     DISPID id;
     std::vector<VARTYPE> types;
     bool resultAsked;
     std::function<void(HostLink&)> ask;
 };
 
-FakeDispatch& Root(FakeHost& host) {
+FakeDispatch& Root(FakeAutomationHost& host) {
     return host.root;
 }
-FakeDispatch& Geometry(FakeHost& host) {
+FakeDispatch& Geometry(FakeAutomationHost& host) {
     return host.geometry;
 }
-FakeDispatch& MemberProperty(FakeHost& host) {
+FakeDispatch& MemberProperty(FakeAutomationHost& host) {
     return host.memberProperty;
 }
-FakeDispatch& Support(FakeHost& host) {
+FakeDispatch& Support(FakeAutomationHost& host) {
     return host.support;
 }
-FakeDispatch& Load(FakeHost& host) {
+FakeDispatch& Load(FakeAutomationHost& host) {
     return host.load;
 }
-FakeDispatch& Results(FakeHost& host) {
+FakeDispatch& Results(FakeAutomationHost& host) {
     return host.results;
 }
 
@@ -200,7 +200,7 @@ protected:
     }
 
     ComApartment apartment;
-    FakeHost host;
+    FakeAutomationHost host;
     HostLink link;
 };
 

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "tests/support/com_apartment.h"
-#include "tests/support/fake_host.h"
+#include "tests/support/fake_automation_host.h"
 
 using testing::ElementsAre;
 
@@ -22,7 +22,7 @@ std::vector<DISPID> Identifiers(const std::vector<ArrivedCall>& calls) {
 class HostLinkConnection : public testing::Test {
 protected:
     ComApartment apartment;
-    FakeHost host;
+    FakeAutomationHost host;
     std::unique_ptr<HostLink> link = std::make_unique<HostLink>();
 };
 
@@ -157,7 +157,7 @@ TEST_F(HostLinkConnection, SecondConnectionWithoutARunningHostOnlyRepeatsThePost
 }
 
 TEST_F(HostLinkConnection, SecondConnectionToARunningHostBindsEverythingAnew) {
-    FakeHost second;
+    FakeAutomationHost second;
     link->ConnectTo(&host.root);
     EXPECT_EQ(1, link->ConnectTo(&second.root));
     EXPECT_EQ(0, host.References());

@@ -6,28 +6,23 @@
 // Exported by oleaut32, declared by some headers only.
 extern "C" void WINAPI SetOaNoCache(void);
 
-/// Counts the blocks of COM memory (strings, arrays) that are allocated and not yet freed.
-///
-/// Only blocks allocated while the counter lives are counted, so a test starts at 0. One at a time.
-class ComMemoryCounter : public IMallocSpy {
+/// Sees every allocation of COM memory of this process from its first use on. It is never revoked:
+/// COM goes on calling a spy until the last block that it has seen is freed.
+class ComMemorySpy : public IMallocSpy {
 public:
-    ComMemoryCounter() {
-        // Strings are otherwise kept for reuse after they are freed.
-        SetOaNoCache();
-        CoRegisterMallocSpy(this);
+    static ComMemorySpy& Instance() {
+        static ComMemorySpy spy;
+        return spy;
     }
-    ~ComMemoryCounter() { CoRevokeMallocSpy(); }
-    ComMemoryCounter(const ComMemoryCounter&) = delete;
-    ComMemoryCounter& operator=(const ComMemoryCounter&) = delete;
 
-    long BlocksInUse() const { return blocks_; }
+    long blocks() const { return blocks_; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
         const bool known = id == IID_IUnknown || id == IID_IMallocSpy;
         *object = known ? this : nullptr;
         return known ? S_OK : E_NOINTERFACE;
     }
-    // Lives on the stack of its test.
+    // Lives as long as the process.
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
 
@@ -55,5 +50,21 @@ public:
     void STDMETHODCALLTYPE PostHeapMinimize() override {}
 
 private:
+    ComMemorySpy() {
+        // Strings are otherwise kept for reuse after they are freed.
+        SetOaNoCache();
+        CoRegisterMallocSpy(this);
+    }
+
     long blocks_ = 0;
+};
+
+/// Counts the blocks of COM memory (strings, arrays) that were allocated since its construction
+/// and not freed.
+class ComMemoryCounter {
+public:
+    long BlocksInUse() const { return ComMemorySpy::Instance().blocks() - before_; }
+
+private:
+    long before_ = ComMemorySpy::Instance().blocks();
 };

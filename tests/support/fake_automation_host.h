@@ -6,7 +6,7 @@
 
 /// A host of eleven fake objects: the root hands out the ten others, by the identifiers of its
 /// properties, and leaves its methods to `rootMethods`.
-struct FakeHost {
+struct FakeAutomationHost {
     FakeDispatch root;
     std::map<DISPID, FakeDispatch> subObjects;  ///< by property of the root
 
@@ -21,13 +21,13 @@ struct FakeHost {
 
     FakeDispatch::Answer rootMethods;
 
-    FakeHost() {
+    FakeAutomationHost() {
         for (const DISPID unused : {3, 4, 26, 8})
             subObjects[unused];
         root.answer = [this](FakeCall& call) { return AnswerAtRoot(call); };
     }
-    FakeHost(const FakeHost&) = delete;
-    FakeHost& operator=(const FakeHost&) = delete;
+    FakeAutomationHost(const FakeAutomationHost&) = delete;
+    FakeAutomationHost& operator=(const FakeAutomationHost&) = delete;
 
     /// References held to any of the eleven objects.
     long References() const {
