@@ -1,41 +1,8 @@
 #include "host/host_link.h"
 
+#include "host/host_members.h"
+
 namespace {
-
-constexpr const wchar_t* kHostProgId = L"OrvekPro.OpenORVEK";
-
-// The root's properties behind slots 1 to 10, read in this order. Those called "unused" are bound
-// because binding them is part of what a connection does with the host.
-constexpr HostMember kSubObjects[] = {
-    {"unused sub-object 1", 3},    {"geometry object", 1}, {"unused sub-object 3", 4},
-    {"member property object", 6}, {"support object", 9},  {"load object", 7},
-    {"unused sub-object 7", 26},   {"results object", 5},  {"unused sub-object 9", 8},
-    {"unused sub-object 10", 41},
-};
-
-constexpr HostMember kGetModelFilePath{"GetModelFilePath", 14};
-constexpr HostMember kPostConnectCall{"PostConnectCall", 24};
-constexpr HostMember kGetBaseUnitSystem{"GetBaseUnitSystem", 34};
-
-constexpr HostMember kGetNodeCount{"GetNodeCount", 43};
-constexpr HostMember kGetNodeList{"GetNodeList", 48};
-constexpr HostMember kGetNodeCoordinates{"GetNodeCoordinates", 31};
-constexpr HostMember kGetMemberCount{"GetMemberCount", 44};
-constexpr HostMember kGetMemberList{"GetMemberList", 49};
-constexpr HostMember kGetMemberIncidence{"GetMemberIncidence", 54};
-constexpr HostMember kIsZUp{"IsZUp", 101};
-
-constexpr HostMember kGetMemberRotationAngle{"GetMemberRotationAngle", 42};
-constexpr HostMember kGetSupportInfo{"GetSupportInfo", 8};
-
-constexpr HostMember kGetPrimaryLoadCaseCount{"GetPrimaryLoadCaseCount", 1};
-constexpr HostMember kGetLoadCombinationCount{"GetLoadCombinationCount", 2};
-constexpr HostMember kGetPrimaryLoadCaseNumbers{"GetPrimaryLoadCaseNumbers", 3};
-constexpr HostMember kGetLoadCombinationNumbers{"GetLoadCombinationNumbers", 4};
-
-constexpr HostMember kGetNodeDisplacements{"GetNodeDisplacements", 14};
-constexpr HostMember kGetMemberEndForces{"GetMemberEndForces", 18};
-constexpr HostMember kAreResultsAvailable{"AreResultsAvailable", 38};
 
 // One call that fills one array of numbers and asks for no result.
 void GetNumbers(const AutomationDriver& driver, const HostMember& method,

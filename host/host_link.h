@@ -54,16 +54,6 @@ public:
     bool AreResultsAvailable() override;
 
 private:
-    // Places in drivers_ of the objects that queries go to.
-    enum Slot : std::size_t {
-        kRoot = 0,
-        kGeometry = 2,
-        kMemberProperty = 4,
-        kSupport = 5,
-        kLoad = 6,
-        kResults = 8,
-    };
-
     void BindSubObjects();
     std::int16_t GetLoadNumbers(const HostMember& method, std::span<std::int32_t> numbers);
 
