@@ -204,7 +204,7 @@ class Building:
     def make_loads(self):
         rng = self.rng
         pool = rng.choice([[1, 2, 3, 4, 5], [1, 2, 3, 4, 5], [11, 12, 13, 14, 15], [5, 3, 1, 7, 2]])
-        self.primary = pool[:rng.choice([0, 1, 2, 3, 3, 3, 3, 4, 5])]
+        self.primary = pool[:rng.choice([0, 1, 2, 3, 3, 3, 3, 3, 3, 4, 5])]
         self.combinations = [101, 102, 103][:rng.choice([0, 0, 1, 2, 3])]
         if rng.random() < 0.1 and self.primary:
             target = rng.choice([self.primary, self.combinations])
@@ -264,7 +264,7 @@ class Building:
 
     def case_forces(self, case):
         rng = self.rng
-        style = rng.choice(["plain", "plain", "plain", "plain", "round", "none", "balanced"])
+        style = rng.choice(["plain"] * 8 + ["round", "none", "balanced"])
         listed = {}
         for index, member in enumerate(self.members):
             if rng.random() < 0.03:
