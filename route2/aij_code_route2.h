@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -173,6 +175,20 @@ private:
     void LogFloorLevels();
     void CreateStories();
     bool AddStoryMemberFromDataFile(StoryInfo& story, std::int32_t member);
+
+    void SetRsBarOfAllLoadCases();
+    void SetRsBarByLoadCase();
+
+    /// Vertical forces of the members that a story's cutting plane meets, kN and kN mm.
+    struct WeightSums {
+        double weight = 0.0;
+        double weightTimesX = 0.0;
+        double weightTimesZ = 0.0;
+    };
+    bool SumWeights(const StoryInfo& story, WeightSums& sums);  ///< false when a node is missing
+    double WeightAtLowerEnd(std::size_t memberPosition, std::int32_t end);
+
+    void SetEccentricityModulusOf(StoryInfo& story, std::size_t storyNumber);
 
     NumberIndex nodePositions_;  ///< of nodeNumbers
 };

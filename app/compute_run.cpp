@@ -1,0 +1,145 @@
+#include "app/compute_run.h"
+
+#include <exception>
+
+#include "app/file_lookup.h"
+#include "report/processing_log.h"
+#include "route2/aij_code_route2.h"
+
+namespace {
+
+// A model path less its three-letter extension; the dot stays.
+std::string ProvisionalLogPath(const std::string& modelPath) {
+    const std::size_t kept = modelPath.size() < 3 ? 0 : modelPath.size() - 3;
+    return modelPath.substr(0, kept) + "Route2.log";
+}
+
+void LogBasicInformation(const AijCodeRoute2& engine) {
+    std::FILE* log = engine.logFile;
+    Print(log, "\nORVEK File Basic information :\n");
+    Print(log, "  File : %s\n", engine.modelFilePath.c_str());
+    Print(log, "  Number of nodes : %d\n", static_cast<int>(engine.nodeCoords.size()));
+    Print(log, "  Number of members : %d\n", static_cast<int>(engine.memberNumbers.size()));
+    Print(log, "  Number of primary load cases : %d\n",
+          static_cast<int>(engine.numPrimaryLoadCases));
+    Print(log, "  Number of load combination cases : %d\n",
+          static_cast<int>(engine.numLoadCombinations));
+    Print(log, "  Dead load case number : %d\n", static_cast<int>(engine.deadLoadCaseNumber));
+    Print(log, "  Earthquake load( X direc. ) case number : %d\n",
+          static_cast<int>(engine.earthquakeLoadCaseNumber[kX]));
+    Print(log, "  Earthquake load( Z or Y direc. ) case number : %d\n",
+          static_cast<int>(engine.earthquakeLoadCaseNumber[kZ]));
+}
+
+// A step of the engine and the status line shown before it. The steps' results are not looked at:
+// a step that refused has warned in the log, and the next steps find what it left.
+struct Step {
+    StatusText status;
+    void (*run)(AijCodeRoute2& engine);
+};
+
+constexpr Step kSteps[] = {
+    {StatusText::kPreparing, [](AijCodeRoute2&) {}},
+    {StatusText::kLoadInformation, [](AijCodeRoute2& e) { e.SetLoadInfo(); }},
+    {StatusText::kNodeInformation, [](AijCodeRoute2& e) { e.SetNodeInfo(); }},
+    {StatusText::kMemberInformation,
+     [](AijCodeRoute2& e) {
+         e.SetMemberInfo();
+         LogBasicInformation(e);
+     }},
+    {StatusText::kFloorInformation, [](AijCodeRoute2& e) { e.SetFloorInfo(); }},
+    {StatusText::kStoryInformation, [](AijCodeRoute2& e) { e.SetStoryInfo(); }},
+    {StatusText::kRelativeDisplacements, [](AijCodeRoute2& e) { e.SetRelativeStoryDisp(); }},
+    {StatusText::kStiffnessRatio, [](AijCodeRoute2& e) { e.SetRsBar(); }},
+    // The centre of gravity comes before the story shear.
+    {StatusText::kCenterOfGravity, [](AijCodeRoute2& e) { e.SetGravityCenter(); }},
+    {StatusText::kStoryShear, [](AijCodeRoute2& e) { e.SetStoryMemberShearForce(); }},
+    {StatusText::kHorizontalStiffness,
+     [](AijCodeRoute2& e) { e.SetStoryMemberHorizontalStiffness(); }},
+    {StatusText::kCenterOfRigidity, [](AijCodeRoute2& e) { e.SetRigidityCenter(); }},
+    {StatusText::kEccentricityModulus, [](AijCodeRoute2& e) { e.SetEccentricityModulus(); }},
+    {StatusText::kSavingOutput, [](AijCodeRoute2& e) { e.PrintStoryInfoCsv(); }},
+    {StatusText::kCalculationComplete, [](AijCodeRoute2&) {}},
+};
+
+std::string WhyInitializeFailed(const AijCodeRoute2& engine) {
+    if (engine.logFile == nullptr)
+        return "the log file " + engine.logFilePath + " cannot be opened for writing";
+    return "the input file " + engine.dataFilePath +
+           " cannot be read up to a line that begins with FIN (see the log)";
+}
+
+// The guarded part of a run.
+void RunSteps(AijCodeRoute2& engine, const std::string& modelPath, const std::string& inputFilePath,
+              StatusList& status, ReportPaths& reports, RunOutcome& outcome) {
+    if (!engine.Initialize(modelPath, inputFilePath, reports.logFile, reports.resultFile)) {
+        outcome.failure = WhyInitializeFailed(engine);
+        status.Append(StatusText::kInitializeFailed);
+        return;
+    }
+    if (!engine.hostLink->AreResultsAvailable()) {
+        LogWarning(engine.logFile, "ORVEK results are not available.");
+        status.Append(StatusText::kResultsNotAvailable);
+        status.Append(StatusText::kRunAnalysisFirst);
+        outcome.failure = "the host holds no analysis results for the model: analyse it first";
+        return;
+    }
+    Print(engine.logFile, "ORVEK results are available.\n");
+    for (const Step& step : kSteps) {
+        status.Append(step.status);
+        step.run(engine);
+    }
+    outcome.complete = true;
+}
+
+void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
+                const std::string& inputFilePath, StatusList& status, ReportPaths& reports,
+                RunOutcome& outcome) {
+    try {
+        RunSteps(engine, modelPath, inputFilePath, status, reports, outcome);
+    } catch (int number) {
+        outcome.failure = "error number " + std::to_string(number);
+        status.Append(StatusText::kWrongFilePath);
+    } catch (const std::exception& error) {
+        outcome.failure = error.what();
+        status.Append(StatusText::kExceptionThrown);
+    } catch (...) {
+        outcome.failure = "an error without a description";
+        status.Append(StatusText::kExceptionThrown);
+    }
+}
+
+}  // namespace
+
+RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
+                      StatusList& status, ReportPaths& reports) {
+    RunOutcome outcome;
+    status.Clear();
+    if (inputFilePath.empty()) {
+        status.Append(StatusText::kInputNotSpecified);
+        outcome.failure = "no Route 2 Input file was chosen";
+        return outcome;
+    }
+    if (!FileExists(inputFilePath)) {
+        status.Append(StatusText::kInputDoesNotExist);
+        outcome.failure = "the input file " + inputFilePath + " does not exist";
+        return outcome;
+    }
+    HostQueries* const host = connectHost();
+    if (host == nullptr) {
+        status.Append(StatusText::kNoConnection);
+        outcome.failure = "no running host was found: start it and open the analysed model";
+        return outcome;
+    }
+
+    const std::string modelPath = host->GetModelFilePath();
+    reports.logFile = ProvisionalLogPath(modelPath);
+    AijCodeRoute2 engine(host);
+    RunGuarded(engine, modelPath, inputFilePath, status, reports, outcome);
+
+    status.Append(StatusText::kFinishes);
+    outcome.opensLog = engine.logFile != nullptr;
+    if (engine.logFile != nullptr) std::fclose(engine.logFile);
+    status.Append(StatusText::kClosingLog);
+    return outcome;
+}

@@ -1,0 +1,90 @@
+#include "cli/check_command.h"
+
+#include <filesystem>
+#include <iostream>
+
+#include "cli/run_reports.h"
+#include "cli/summary.h"
+#include "cli/terminal.h"
+#include "host/qhm_file.h"
+#include "host/recorded_host.h"
+#include "route2/input_file.h"
+
+namespace {
+
+// The status list of a terminal: one line per entry, each shown at once.
+class TerminalStatusList : public StatusList {
+public:
+    void Clear() override {}
+    void Append(StatusText line) override { std::cout << TextOf(line) << std::endl; }
+};
+
+void CautionAboutLoadCases(const std::string& inputPath) {
+    for (const std::size_t line : FindLinesThatRepeatEarthquakeCase(inputPath))
+        std::cerr << "quarnel-cli: caution: " << inputPath << ", line " << line
+                  << ": this line has no comma and follows EarthquakeLoadCaseNumber, so it sets "
+                     "both earthquake load cases to the second number given there; put it "
+                     "elsewhere or end it with a comma\n";
+}
+
+void PrintReports(const ReportPaths& reports) {
+    const LogReport log = ReadLog(reports.logFile);
+    if (log.resultsWritten)
+        PrintVerdicts(std::cout, log, ReadResults(reports.resultFile), StandardOutputShowsColor());
+    PrintWarnings(std::cout, log);
+    std::cout << "\nLog:     " << reports.logFile << "\n";
+    if (log.resultsWritten)
+        std::cout << "Results: " << reports.resultFile << "\n";
+    else
+        std::cout << "Results: none written by this run\n";
+    std::cout.flush();
+}
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code ignored;
+    return std::filesystem::equivalent(a, b, ignored);
+}
+
+// A run overwrites its two reports; an input file must not be one of them.
+bool IsReportOf(const std::string& modelPath, const std::string& inputPath) {
+    const std::string stem =
+        modelPath.substr(0, modelPath.size() - std::min<std::size_t>(3, modelPath.size()));
+    return IsSameFile(inputPath, stem + "aijR2Log.txt") ||
+           IsSameFile(inputPath, stem + "aijR2Result.csv");
+}
+
+}  // namespace
+
+ExitCode CheckOnHost(const HostConnector& connectHost, const std::string& inputPath) {
+    CautionAboutLoadCases(inputPath);
+    TerminalStatusList status;
+    ReportPaths reports;
+    RunOutcome outcome;
+    try {
+        outcome = RunCompute(inputPath, connectHost, status, reports);
+    } catch (const std::exception& error) {
+        outcome.failure = error.what();
+    }
+    if (outcome.opensLog) PrintReports(reports);
+    if (outcome.complete) return kExitComplete;
+    std::cerr << "quarnel-cli: the run ended early: " << outcome.failure << "\n";
+    return kExitEndedEarly;
+}
+
+ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath) {
+    if (IsReportOf(modelPath, inputPath)) {
+        std::cerr
+            << "quarnel-cli: " << inputPath
+            << ": this is a report that the run would overwrite; name the Route 2 Input file\n";
+        return kExitUsage;
+    }
+    RecordedModel model;
+    try {
+        model = ReadQhmFile(modelPath);
+    } catch (const QhmFileError& error) {
+        std::cerr << "quarnel-cli: " << error.what() << "\n";
+        return kExitUsage;
+    }
+    RecordedHost host(model, modelPath);
+    return CheckOnHost([&host] { return &host; }, inputPath);
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/compute_run.h"
+#include "cli/exit_codes.h"
+
+/// `quarnel-cli check MODEL.qhm INPUT.csv`: a run on a recorded building. Prints the status lines,
+/// then a summary; problems go to standard error, one line each.
+ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath);
+
+/// Runs the checks on any host and prints what `quarnel-cli check` prints: cautions about the
+/// input file, status lines, verdicts, warnings, where the files are.
+ExitCode CheckOnHost(const HostConnector& connectHost, const std::string& inputPath);

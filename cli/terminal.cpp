@@ -1,0 +1,24 @@
+#include "cli/terminal.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <unistd.h>
+#endif
+
+#ifdef _WIN32
+
+bool StandardOutputShowsColor() {
+    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    DWORD mode = 0;
+    return GetConsoleMode(output, &mode) != 0 &&
+           SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
+#else
+
+bool StandardOutputShowsColor() {
+    return isatty(STDOUT_FILENO) != 0;
+}
+
+#endif

@@ -1,0 +1,5 @@
+#pragma once
+
+/// True when standard output is a terminal that shows colours; switches them on where a console
+/// needs that.
+bool StandardOutputShowsColor();

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "host/recorded_model.h"
+
+/// A host model file (.qhm) that cannot be read or written. The text is one line that names the
+/// file, the place in it and what was expected.
+class QhmFileError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads a host model file whole. Throws QhmFileError at the first fault.
+///
+/// What the file leaves out has its default: metric units, Y vertical, results available, empty
+/// lists, no support, no rotation. A number that stands twice among nodes or members is answered
+/// from its first entry. `modelPath` has no value when the file does not give one, and is empty
+/// when the file says that the host returns none.
+RecordedModel ReadQhmFile(const std::string& path);
+
+/// Writes what a run has asked as a host model file, whole or not at all: first beside it under
+/// another name, then renamed. Throws QhmFileError when the file cannot be written, when a listed
+/// node or member was not asked about, or when the host answered a value that is not finite.
+void WriteQhmFile(const RecordedModel& model, const std::string& path);

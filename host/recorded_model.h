@@ -1,0 +1,93 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "host/host_queries.h"
+
+/// Six values per position (of a node or a member) and load case.
+///
+/// A row per load case that has an answer holds one small index per position; the answers
+/// themselves lie one behind the other. Memory grows with the number of distinct answers.
+class AnswerTable {
+public:
+    /// Null when there is no answer; good until the next Store.
+    const SixDoubles* Find(std::size_t position, std::int32_t loadCase) const;
+
+    void Store(std::size_t position, std::int32_t loadCase, const SixDoubles& answer);
+
+    /// Number of answers.
+    std::size_t size() const { return answers_.size(); }
+
+    /// Load cases that have an answer, ascending.
+    std::vector<std::int32_t> LoadCases() const;
+
+private:
+    std::unordered_map<std::int32_t, std::vector<std::uint32_t>> rows_;
+    std::vector<SixDoubles> answers_;
+};
+
+/// What the host has said about one node. Lengths in the host's base unit.
+struct RecordedNode {
+    std::int32_t number = 0;
+    std::optional<std::array<double, 3>> xyz;
+    std::optional<std::int32_t> support;  ///< non-zero: supported
+};
+
+/// What the host has said about one member.
+struct RecordedMember {
+    struct EndNodes {
+        std::int32_t start;
+        std::int32_t end;
+    };
+    std::int32_t number = 0;
+    std::optional<EndNodes> endNodes;
+    std::optional<double> beta;  ///< degrees, a single-precision value
+};
+
+/// What a host has answered about one model: what a run remembers, what a recording saves and what
+/// a recorded host answers from. Everything is in the host's own units and numbers; what has not
+/// been answered has no value.
+///
+/// `nodes` and `members` hold each number once, in the order in which it was first mentioned; the
+/// lists are as the host gave them and may hold a number twice.
+class RecordedModel {
+public:
+    std::optional<std::string> modelPath;  ///< on the machine of the host; empty: it has none
+    std::optional<std::int32_t> baseUnitSystem;
+    std::optional<bool> zUp;
+    std::optional<bool> resultsAvailable;
+
+    std::optional<std::int32_t> nodeCount;
+    std::optional<std::int32_t> memberCount;
+    std::optional<std::int32_t> primaryLoadCaseCount;
+    std::optional<std::int32_t> loadCombinationCount;
+
+    std::optional<std::vector<std::int32_t>> nodeList;
+    std::optional<std::vector<std::int32_t>> memberList;
+    std::optional<std::vector<std::int32_t>> primaryLoadCases;
+    std::optional<std::vector<std::int32_t>> loadCombinations;
+
+    std::vector<RecordedNode> nodes;
+    std::vector<RecordedMember> members;
+
+    AnswerTable displacements;             ///< by position in nodes
+    std::array<AnswerTable, 2> endForces;  ///< [0] start, [1] end; by position in members
+
+    /// Position in `nodes` or `members`; a number that is not there has none.
+    std::optional<std::size_t> FindNode(std::int32_t number) const;
+    std::optional<std::size_t> FindMember(std::int32_t number) const;
+
+    /// The same; a number that is not there is added.
+    std::size_t AddNode(std::int32_t number);
+    std::size_t AddMember(std::int32_t number);
+
+private:
+    std::unordered_map<std::int32_t, std::size_t> nodePositions_;
+    std::unordered_map<std::int32_t, std::size_t> memberPositions_;
+};

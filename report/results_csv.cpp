@@ -1,0 +1,311 @@
+// The results file: six sections, one table per check. Everything but angles, ratios and verdicts
+// is printed as the checks stored it.
+
+#include "report/results_csv.h"
+
+#include <cstddef>
+#include <unordered_map>
+#include <vector>
+
+#include "report/processing_log.h"
+#include "route2/aij_code_route2.h"
+#include "route2/tested_access.h"
+
+double DeformAngle(double relativeDisp, double storyHeight) {
+    return storyHeight > 0.0 ? relativeDisp / storyHeight : 0.0;
+}
+
+double StiffnessRatioX(double angle, double rsBar) {
+    const double product = angle * rsBar;
+    return product == 0.0 ? 0.0 : 1.0 / product;
+}
+
+double StiffnessRatioZ(double angle, double rsBar) {
+    if (angle == 0.0 || rsBar == 0.0) return 0.0;
+    return (1.0 / angle) / rsBar;
+}
+
+namespace {
+
+const char* Verdict(bool passes) {
+    return passes ? "PASS" : "FAIL";
+}
+
+double StoryHeight(const StoryInfo& story) {
+    return story.upperLevel - story.lowerLevel;
+}
+
+int StoryNumber(std::size_t index) {
+    return static_cast<int>(index + 1);
+}
+
+// One block of the tables of story deformation angles and of story stiffness ratios. The flags
+// name what a block does differently.
+struct Block {
+    const char* direction;
+    const char* dispType;
+    std::size_t axis;
+    PerDirectionByLoadCase StoryInfo::*dispByLoadCase;
+    PerDirection StoryInfo::*dispOfAll;
+    PerDirectionByLoadCase AijCodeRoute2::*rsBarByLoadCase;
+    PerDirection AijCodeRoute2::*rsBarOfAll;
+    bool repeatsLastAngleVerdict = false;
+    bool allRowDividesByAnyHeight = false;
+};
+
+// In file order. Both flags are intended: the Max X angles judge nothing, their rows repeat the
+// verdict of the last Average X row; and the "All" rows of Z(or Y) divide even by a story height
+// of 0, which shows as inf or nan.
+constexpr Block kBlocks[] = {
+    {.direction = "X",
+     .dispType = "Average",
+     .axis = kX,
+     .dispByLoadCase = &StoryInfo::meanRelativeDispByLoadCase,
+     .dispOfAll = &StoryInfo::meanRelativeDisp,
+     .rsBarByLoadCase = &AijCodeRoute2::rsBarOfMeanDispByLoadCase,
+     .rsBarOfAll = &AijCodeRoute2::rsBarOfMeanDisp},
+    {.direction = "X",
+     .dispType = "Max",
+     .axis = kX,
+     .dispByLoadCase = &StoryInfo::maxRelativeDispByLoadCase,
+     .dispOfAll = &StoryInfo::maxRelativeDisp,
+     .rsBarByLoadCase = &AijCodeRoute2::rsBarOfMaxDispByLoadCase,
+     .rsBarOfAll = &AijCodeRoute2::rsBarOfMaxDisp,
+     .repeatsLastAngleVerdict = true},
+    {.direction = "Z(or Y)",
+     .dispType = "Average",
+     .axis = kZ,
+     .dispByLoadCase = &StoryInfo::meanRelativeDispByLoadCase,
+     .dispOfAll = &StoryInfo::meanRelativeDisp,
+     .rsBarByLoadCase = &AijCodeRoute2::rsBarOfMeanDispByLoadCase,
+     .rsBarOfAll = &AijCodeRoute2::rsBarOfMeanDisp,
+     .allRowDividesByAnyHeight = true},
+    {.direction = "Z(or Y)",
+     .dispType = "Max",
+     .axis = kZ,
+     .dispByLoadCase = &StoryInfo::maxRelativeDispByLoadCase,
+     .dispOfAll = &StoryInfo::maxRelativeDisp,
+     .rsBarByLoadCase = &AijCodeRoute2::rsBarOfMaxDispByLoadCase,
+     .rsBarOfAll = &AijCodeRoute2::rsBarOfMaxDisp,
+     .allRowDividesByAnyHeight = true},
+};
+
+double AngleOfAllRow(const Block& block, double relativeDisp, double storyHeight) {
+    if (block.allRowDividesByAnyHeight) return relativeDisp / storyHeight;
+    return DeformAngle(relativeDisp, storyHeight);
+}
+
+double StiffnessRatio(const Block& block, double angle, double rsBar) {
+    return block.axis == kX ? StiffnessRatioX(angle, rsBar) : StiffnessRatioZ(angle, rsBar);
+}
+
+// Writes the six sections of one engine's results to its results stream.
+class ResultsWriter {
+public:
+    explicit ResultsWriter(const AijCodeRoute2& engine)
+        : engine_(engine),
+          file_(engine.resultFile),
+          loadCases_(static_cast<std::size_t>(engine.numPrimaryLoadCases) +
+                     static_cast<std::size_t>(engine.numLoadCombinations)) {}
+
+    void PrintDeformAngles();
+    void PrintMemberDeformAngles();
+    void PrintStiffnessRatios();
+    void PrintCenters(const char* title, const char* nameOfCenter,
+                      PerDirection StoryInfo::*center) const;
+    void PrintEccentricityModuli();
+
+private:
+    // The records of one story whose own angle is reported: a list per load case number, each in
+    // the records' order.
+    using ReportedRecords = std::unordered_map<std::int32_t, std::vector<const StoryMember*>>;
+
+    void PrintBlockHead(const Block& block, const char* value) const;
+    void PrintLoadCaseRow(std::size_t story, std::size_t loadCase, double disp, double value,
+                          double allowable) const;
+    void PrintAllRow(std::size_t story, double disp, double value, double allowable) const;
+    void PrintStoryDeformAngles(const Block& block, std::size_t story);
+    void PrintStoryStiffnessRatios(const Block& block, std::size_t story);
+    void PrintStoryMemberAngles(std::size_t story, const ReportedRecords& records, std::size_t axis,
+                                const char* rowFormat);
+
+    std::int32_t LoadCaseNumber(std::size_t loadCase) const {
+        return At(engine_.loadCaseNumbers, loadCase);
+    }
+
+    const AijCodeRoute2& engine_;
+    std::FILE* file_;
+    std::size_t loadCases_;
+    const char* verdict_ = "***";  // of the check row written last; some rows repeat it
+};
+
+void ResultsWriter::PrintBlockHead(const Block& block, const char* value) const {
+    Print(file_, "\nDirection %s\n", block.direction);
+    Print(file_, "Disp type : %s\n", block.dispType);
+    Print(file_,
+          "Story,Load,Floor level(L)(mm),Floor level(U)(mm),Story height(mm),"
+          "Relative story disp.(mm),Story %s,Allowable story %s,Result\n",
+          value, value);
+}
+
+void ResultsWriter::PrintLoadCaseRow(std::size_t story, std::size_t loadCase, double disp,
+                                     double value, double allowable) const {
+    const StoryInfo& info = engine_.stories[story];
+    Print(file_, "%d,%d,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s\n", StoryNumber(story),
+          static_cast<int>(LoadCaseNumber(loadCase)), info.lowerLevel, info.upperLevel,
+          StoryHeight(info), disp, value, allowable, verdict_);
+}
+
+void ResultsWriter::PrintAllRow(std::size_t story, double disp, double value,
+                                double allowable) const {
+    const StoryInfo& info = engine_.stories[story];
+    Print(file_, "%d,All,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s\n", StoryNumber(story), info.lowerLevel,
+          info.upperLevel, StoryHeight(info), disp, value, allowable, verdict_);
+}
+
+void ResultsWriter::PrintDeformAngles() {
+    Print(file_, "\n -----  Story deformation angle  ----- \n");
+    for (const Block& block : kBlocks) {
+        PrintBlockHead(block, "deform angle");
+        for (std::size_t story = 0; story < engine_.stories.size(); ++story)
+            PrintStoryDeformAngles(block, story);
+    }
+}
+
+void ResultsWriter::PrintStoryDeformAngles(const Block& block, std::size_t story) {
+    const StoryInfo& info = engine_.stories[story];
+    if (info.members.empty()) return;
+    const double height = StoryHeight(info);
+    const double allowable = info.allowDeformAngle;
+    const auto judge = [&](double angle) {
+        if (!block.repeatsLastAngleVerdict) verdict_ = Verdict(allowable > angle);
+    };
+    for (std::size_t k = 0; k < loadCases_; ++k) {
+        const double disp = At((info.*block.dispByLoadCase)[block.axis], k);
+        const double angle = DeformAngle(disp, height);
+        judge(angle);
+        PrintLoadCaseRow(story, k, disp, angle, allowable);
+    }
+    const double disp = (info.*block.dispOfAll)[block.axis];
+    const double angle = AngleOfAllRow(block, disp, height);
+    judge(angle);
+    PrintAllRow(story, disp, angle, allowable);
+}
+
+void ResultsWriter::PrintMemberDeformAngles() {
+    Print(file_, "\n -----  Story deformation angle of specified member ----- \n");
+    Print(file_,
+          "Story,Load,Member,Story height(mm),Direction,Story deform angle,"
+          "Allowable story deform angle,Result\n");
+    for (std::size_t story = 0; story < engine_.stories.size(); ++story) {
+        ReportedRecords records;
+        for (const StoryMember& record : engine_.stories[story].members)
+            if (record.outputDeformAngle) records[record.loadCaseNumber].push_back(&record);
+        PrintStoryMemberAngles(story, records, kX, "%d,%d,%d,%.3e,X,%.5e,%.5e,%s\n");
+        // The blank in "Z( or Y)" stands here only.
+        PrintStoryMemberAngles(story, records, kZ, "%d,%d,%d,%.3e,Z( or Y),%.5e,%.5e,%s\n");
+    }
+}
+
+void ResultsWriter::PrintStoryMemberAngles(std::size_t story, const ReportedRecords& records,
+                                           std::size_t axis, const char* rowFormat) {
+    const StoryInfo& info = engine_.stories[story];
+    const double height = StoryHeight(info);
+    for (std::size_t k = 0; k < loadCases_; ++k) {
+        const auto ofLoadCase = records.find(LoadCaseNumber(k));
+        if (ofLoadCase == records.end()) continue;
+        for (const StoryMember* record : ofLoadCase->second) {
+            // A negative story height divides here; only 0 does not.
+            const double angle = height == 0.0 ? 0.0 : record->relativeDisp[axis] / height;
+            verdict_ = Verdict(info.allowDeformAngle > angle);
+            // The load column counts the load cases from 1; the other sections print numbers.
+            Print(file_, rowFormat, StoryNumber(story), static_cast<int>(k + 1),
+                  static_cast<int>(record->memberNumber), height, angle, info.allowDeformAngle,
+                  verdict_);
+        }
+    }
+}
+
+void ResultsWriter::PrintStiffnessRatios() {
+    Print(file_, "\n -----  Story stiffness ratio  ----- \n");
+    for (const Block& block : kBlocks) {
+        PrintBlockHead(block, "stiffness ratio");
+        for (std::size_t story = 0; story < engine_.stories.size(); ++story)
+            PrintStoryStiffnessRatios(block, story);
+    }
+}
+
+void ResultsWriter::PrintStoryStiffnessRatios(const Block& block, std::size_t story) {
+    const StoryInfo& info = engine_.stories[story];
+    if (info.members.empty()) return;
+    const double height = StoryHeight(info);
+    const double allowable = info.allowStiffRatio;
+    for (std::size_t k = 0; k < loadCases_; ++k) {
+        const double disp = At((info.*block.dispByLoadCase)[block.axis], k);
+        const double rsBar = At((engine_.*block.rsBarByLoadCase)[block.axis], k);
+        const double ratio = StiffnessRatio(block, DeformAngle(disp, height), rsBar);
+        verdict_ = Verdict(ratio > allowable);
+        PrintLoadCaseRow(story, k, disp, ratio, allowable);
+    }
+    const double disp = (info.*block.dispOfAll)[block.axis];
+    const double rsBar = (engine_.*block.rsBarOfAll)[block.axis];
+    const double ratio = StiffnessRatio(block, AngleOfAllRow(block, disp, height), rsBar);
+    verdict_ = Verdict(ratio > allowable);
+    PrintAllRow(story, disp, ratio, allowable);
+}
+
+void ResultsWriter::PrintCenters(const char* title, const char* nameOfCenter,
+                                 PerDirection StoryInfo::*center) const {
+    Print(file_, "\n -----  %s  ----- \n", title);
+    Print(file_,
+          "Story,Floor level(L)(mm),Floor level(U)(mm),Story height(mm),X coord of %s,"
+          "Z(or Y) coord of %s\n",
+          nameOfCenter, nameOfCenter);
+    for (std::size_t story = 0; story < engine_.stories.size(); ++story) {
+        const StoryInfo& info = engine_.stories[story];
+        Print(file_, "%d,%.3e,%.3e,%.3e,%.5e,%.5e\n", StoryNumber(story), info.lowerLevel,
+              info.upperLevel, StoryHeight(info), (info.*center)[kX], (info.*center)[kZ]);
+    }
+}
+
+void ResultsWriter::PrintEccentricityModuli() {
+    Print(file_, "\n -----  Eccentricity modulus  ----- \n");
+    Print(file_,
+          "Story,Floor level(L)(mm),Floor level(U)(mm),Story height(mm),Eccentricity Mod(X),"
+          "Eccentricity Mod(Z(or Y)),Allowable Eccenticity Mod,Result(X),Result(Z(or Y))\n");
+    for (std::size_t story = 0; story < engine_.stories.size(); ++story) {
+        const StoryInfo& info = engine_.stories[story];
+        const double allowable = info.allowEccentricityModulus;
+        const PerDirection& modulus = info.eccentricityModulus;
+        Print(file_, "%d,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s,%s\n", StoryNumber(story),
+              info.lowerLevel, info.upperLevel, StoryHeight(info), modulus[kX], modulus[kZ],
+              allowable, Verdict(allowable > modulus[kX]), Verdict(allowable > modulus[kZ]));
+    }
+}
+
+}  // namespace
+
+void AijCodeRoute2::PrintStoryInfoCsv() {
+    Print(logFile, "\nStarts printing story info in csv style...\n");
+    resultFile = std::fopen(resultFilePath.c_str(), "w");
+    if (resultFile == nullptr) {
+        // One more try empties the file where it succeeds, but the run has no results either way.
+        resultFile = std::fopen(resultFilePath.c_str(), "w");
+        LogWarning(logFile, "Cannot open result file " + resultFilePath + ".");
+        return;
+    }
+    ResultsWriter writer(*this);
+    writer.PrintDeformAngles();
+    writer.PrintMemberDeformAngles();
+    writer.PrintStiffnessRatios();
+    writer.PrintCenters("Gravity center", "gravity center", &StoryInfo::gravityCenter);
+    writer.PrintCenters("Center of rigidity", "rigidity center", &StoryInfo::rigidityCenter);
+    writer.PrintEccentricityModuli();
+    CloseResultFile();
+    Print(logFile, "Ends printing story info in csv style...\n");
+}
+
+bool AijCodeRoute2::CloseResultFile() {
+    if (resultFile == nullptr) return false;
+    return std::fclose(resultFile) == 0;
+}

@@ -1,0 +1,5 @@
+#pragma once
+
+/// What the checks' warnings call "nearly equal to 0": a total (kN, kN/mm or kN mm) smaller than
+/// this in size.
+inline constexpr double kNearlyZero = 1e-06;

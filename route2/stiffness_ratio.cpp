@@ -1,0 +1,68 @@
+// Story stiffness ratio Rs = rs / rs-bar: here its denominator, the mean over the stories of their
+// stiffness indices. The ratio itself is formed where it is reported.
+
+#include "route2/stiffness_ratio.h"
+
+#include "report/processing_log.h"
+#include "route2/aij_code_route2.h"
+#include "route2/tested_access.h"
+
+namespace {
+
+double StoryHeight(const StoryInfo& story) {
+    return story.upperLevel - story.lowerLevel;
+}
+
+}  // namespace
+
+double StiffnessIndexOfAnyHeight(double relativeDisp, double storyHeight) {
+    const double angle = relativeDisp / storyHeight;
+    return angle == 0.0 ? 0.0 : 1.0 / angle;
+}
+
+double StiffnessIndex(double relativeDisp, double storyHeight) {
+    if (!(storyHeight > 0.0)) return 0.0;
+    return StiffnessIndexOfAnyHeight(relativeDisp, storyHeight);
+}
+
+bool AijCodeRoute2::SetRsBar() {
+    LogStart(logFile, "Rs bar");
+    if (!RequireStoryInfo("Rs bar")) return false;
+    SetRsBarOfAllLoadCases();
+    SetRsBarByLoadCase();
+    LogEnd(logFile, "Rs bar");
+    return true;
+}
+
+void AijCodeRoute2::SetRsBarOfAllLoadCases() {
+    if (stories.empty()) return;
+    PerDirection sumOfMax{}, sumOfMean{};
+    for (const StoryInfo& story : stories) {
+        const double height = StoryHeight(story);
+        // Intended: a story without height counts 0 in X, but is divided by in Z(or Y).
+        sumOfMax[kX] += StiffnessIndex(story.maxRelativeDisp[kX], height);
+        sumOfMean[kX] += StiffnessIndex(story.meanRelativeDisp[kX], height);
+        sumOfMax[kZ] += StiffnessIndexOfAnyHeight(story.maxRelativeDisp[kZ], height);
+        sumOfMean[kZ] += StiffnessIndexOfAnyHeight(story.meanRelativeDisp[kZ], height);
+    }
+    // Stories that count 0 still count in the divisor.
+    const auto count = static_cast<double>(stories.size());
+    rsBarOfMaxDisp = {sumOfMax[kX] / count, sumOfMax[kZ] / count};
+    rsBarOfMeanDisp = {sumOfMean[kX] / count, sumOfMean[kZ] / count};
+}
+
+void AijCodeRoute2::SetRsBarByLoadCase() {
+    const double factor = stories.empty() ? 0.0 : 1.0 / static_cast<double>(stories.size());
+    for (std::size_t i = 0; i < loadCaseNumbers.size(); ++i) {
+        for (const std::size_t axis : {kX, kZ}) {
+            double sumOfMax = 0.0, sumOfMean = 0.0;
+            for (const StoryInfo& story : stories) {
+                const double height = StoryHeight(story);
+                sumOfMax += StiffnessIndex(At(story.maxRelativeDispByLoadCase[axis], i), height);
+                sumOfMean += StiffnessIndex(At(story.meanRelativeDispByLoadCase[axis], i), height);
+            }
+            rsBarOfMaxDispByLoadCase[axis].push_back(factor * sumOfMax);
+            rsBarOfMeanDispByLoadCase[axis].push_back(factor * sumOfMean);
+        }
+    }
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "route2/number_index.h"
+#include "route2/records.h"
+
+/// Factor on a member's displacement difference: 1 when the member is as high as its story (less
+/// than 0.1 mm apart), else member height / story height. A member twice as high as its story
+/// counts double: this way round is intended.
+double HeightRatio(double memberHeight, double storyHeight);
+
+/// A relative displacement in mm as it is kept: exactly 0 below 0.01 mm, the sign otherwise
+/// untouched.
+double WithoutNumericalNoise(double relativeDisp);
+
+/// Reduces a story's records to its largest (signed) and mean relative displacements, over all
+/// load cases and per load case of `loadCaseNumbers`.
+///
+/// A load case without a record keeps -100000 mm as its largest value and 0 as its mean. The mean
+/// of one load case divides by records / load cases, a whole-number quotient.
+class StoryDriftReduction {
+public:
+    explicit StoryDriftReduction(const std::vector<std::int32_t>& loadCaseNumbers);
+
+    /// Replaces all four results of `story` by those of its records.
+    void Reduce(StoryInfo& story);
+
+private:
+    struct Running {
+        PerDirection sum{};
+        PerDirection max{};
+    };
+
+    std::vector<std::size_t> firstPositions_;  // of each load case number
+    NumberIndex positions_;
+    std::vector<Running> byLoadCase_;
+};
