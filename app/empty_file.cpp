@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "app/wide_text.h"
+#include "host/narrow_text.h"
 
 namespace {
 
@@ -26,8 +26,8 @@ void CreateEmptyFile(const std::wstring& path) {
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
         const std::wstring reason = SystemText(GetLastError());
-        throw std::runtime_error(
-            Narrow(L"The file could not be created:\n" + path + L"\n\n" + reason));
+        const std::wstring text = L"The file could not be created:\n" + path + L"\n\n" + reason;
+        throw std::runtime_error(NarrowText(text.c_str()));
     }
     CloseHandle(file);
 }

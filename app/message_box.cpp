@@ -5,7 +5,7 @@
 
 #include "app/resource.h"
 #include "app/resource_text.h"
-#include "app/wide_text.h"
+#include "host/narrow_text.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ std::wstring TextOfCurrentException() {
     } catch (const std::bad_alloc&) {
         return ResourceText(IDS_OPEN_OUT_OF_MEMORY);
     } catch (const std::exception& failure) {
-        return Widen(failure.what());
+        return WideText(failure.what());
     } catch (...) {
         return L"The command failed for an unknown reason.";
     }

@@ -11,8 +11,8 @@
 #include "app/resource.h"
 #include "app/resource_text.h"
 #include "app/shell_open.h"
-#include "app/wide_text.h"
 #include "host/host_link.h"
+#include "host/narrow_text.h"
 #include "host/remembering_host.h"
 
 namespace {
@@ -92,7 +92,7 @@ std::optional<LRESULT> CQuarnelDlg::OnMessage(UINT message, WPARAM wParam, LPARA
 void CQuarnelDlg::OnLoadInput() {
     const std::optional<std::wstring> path = AskForInputFile(Window());
     if (!path) return;
-    inputFilePath_ = Narrow(*path);
+    inputFilePath_ = NarrowText(path->c_str());
     currentInput_ = *path;
     ShowCurrentInput();
     statusList_.Clear();
@@ -100,7 +100,7 @@ void CQuarnelDlg::OnLoadInput() {
 
 void CQuarnelDlg::OnOpenInput() {
     if (FileExists(inputFilePath_)) {
-        OpenInItsApplication(Window(), Widen(inputFilePath_));
+        OpenInItsApplication(Window(), WideText(inputFilePath_));
     } else {
         statusList_.AppendText(IDS_NO_INPUT_FILE);
     }
@@ -115,8 +115,9 @@ void CQuarnelDlg::OnCreateInput() {
 }
 
 bool CQuarnelDlg::MayReplace(const std::wstring& path) {
-    return !FileExists(Narrow(path)) || ShowMessageBox(Window(), ResourceText(IDS_OVERWRITE_INPUT),
-                                                       MB_YESNO | MB_ICONQUESTION) == IDYES;
+    return !FileExists(NarrowText(path.c_str())) ||
+           ShowMessageBox(Window(), ResourceText(IDS_OVERWRITE_INPUT),
+                          MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
 void CQuarnelDlg::OnBnClickedCompute() {
@@ -145,7 +146,7 @@ HostQueries* CQuarnelDlg::ConnectHost() {
 
 void CQuarnelDlg::OnViewLog() {
     if (FileExists(reports_.logFile)) {
-        OpenInItsApplication(Window(), Widen(reports_.logFile));
+        OpenInItsApplication(Window(), WideText(reports_.logFile));
     } else {
         // The same words as for a missing input: intended, though there is a text about the log.
         statusList_.AppendText(IDS_NO_INPUT_FILE);
@@ -156,7 +157,7 @@ void CQuarnelDlg::OnViewResults() {
     // Intended: the log is looked for, not the results. Results of a run whose log is gone are
     // not shown, and results that could not be written are the shell's to complain about.
     if (FileExists(reports_.logFile)) {
-        OpenInItsApplication(Window(), Widen(reports_.resultFile));
+        OpenInItsApplication(Window(), WideText(reports_.resultFile));
     } else {
         statusList_.AppendText(IDS_NO_RESULT_FILE);
     }

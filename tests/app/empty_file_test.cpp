@@ -8,7 +8,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "app/wide_text.h"
+#include "host/narrow_text.h"
 
 namespace {
 
@@ -59,8 +59,8 @@ TEST_F(EmptyFile, FailureNamesTheFileAndTheSystemsReason) {
     wchar_t reason[256];
     FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, ERROR_PATH_NOT_FOUND, 0, reason, 256,
                    nullptr);
-    EXPECT_THAT(FailureOf(path), testing::HasSubstr(Narrow(path)));
-    EXPECT_THAT(FailureOf(path), testing::HasSubstr(Narrow(reason)));
+    EXPECT_THAT(FailureOf(path), testing::HasSubstr(NarrowText(path.c_str())));
+    EXPECT_THAT(FailureOf(path), testing::HasSubstr(NarrowText(reason)));
 }
 
 TEST_F(EmptyFile, AFileThatIsInUseKeepsItsContent) {

@@ -28,19 +28,19 @@ inline constexpr int kStatusList = 1002;
 
 /// A folder of its own for each test, gone afterwards. Its name has Japanese and other characters
 /// that no single-byte code page holds together.
-class TestFolder {
+class UnicodeFolder {
 public:
-    TestFolder()
+    UnicodeFolder()
         : path_(std::filesystem::temp_directory_path() /
                 (L"quarnel \u5EFA\u7269 \u0142 & " + std::to_wstring(GetCurrentProcessId()))) {
         std::filesystem::create_directories(path_);
     }
-    ~TestFolder() {
+    ~UnicodeFolder() {
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);
     }
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
+    UnicodeFolder(const UnicodeFolder&) = delete;
+    UnicodeFolder& operator=(const UnicodeFolder&) = delete;
 
     const std::filesystem::path& Path() const { return path_; }
 
@@ -70,7 +70,7 @@ using Lines = std::vector<std::wstring>;
 /// The tool in a folder of its own, with applications for .csv and .txt files.
 class DesktopTest : public testing::Test {
 protected:
-    TestFolder folder_;
+    UnicodeFolder folder_;
     FileType csv_{L".csv", folder_.Path()};
     FileType txt_{L".txt", folder_.Path()};
     RunningTool tool_{folder_.Path()};

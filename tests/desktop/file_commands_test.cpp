@@ -27,8 +27,8 @@ protected:
         EXPECT_EQ(L"Quarnel", box.Caption());
         EXPECT_EQ(text, box.Message());
         EXPECT_EQ(reinterpret_cast<long long>(IDI_EXCLAMATION), IconOf(box));
-        EXPECT_EQ(nullptr, box.Control(IDYES));
-        box.Press(box.Control(IDOK) != nullptr ? IDOK : IDCANCEL);
+        EXPECT_EQ(nullptr, box.Button(IDYES));
+        box.Press(IDOK);
     }
 
     const std::filesystem::path input_ = folder_.Write(L"\u5165\u529B & 1.csv", "FIN\n");
@@ -43,15 +43,15 @@ using ViewReports = FileCommands;
 
 TEST_F(LoadInput, ShowsAFileDialogWithHelpAndWithoutReadOnlyBox) {
     const Popup dialog = OpenedBy(kLoadInput);
-    ASSERT_NE(nullptr, dialog.Control(kHelpButton));
-    EXPECT_TRUE(IsWindowVisible(dialog.Control(kHelpButton)));
-    EXPECT_FALSE(IsWindowVisible(dialog.Control(kReadOnlyBox)));
+    ASSERT_NE(nullptr, dialog.Button(kHelpButton));
+    EXPECT_TRUE(IsWindowVisible(dialog.Button(kHelpButton)));
+    EXPECT_FALSE(IsWindowVisible(dialog.Button(kReadOnlyBox)));
     EXPECT_FALSE(IsWindowEnabled(tool_.Dialog()));
 }
 
 TEST_F(LoadInput, OffersRouteTwoInputFilesOnly) {
     const Popup dialog = OpenedBy(kLoadInput);
-    const HWND filters = dialog.Control(kFilterList);
+    const HWND filters = dialog.Control(kFilterList, L"ComboBox");
     ASSERT_EQ(1, SendMessageW(filters, CB_GETCOUNT, 0, 0));
     wchar_t text[64] = L"";
     SendMessageW(filters, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(text));
@@ -60,7 +60,7 @@ TEST_F(LoadInput, OffersRouteTwoInputFilesOnly) {
 
 TEST_F(LoadInput, HelpButtonDoesNoHarm) {
     const Popup dialog = OpenedBy(kLoadInput);
-    PostMessageW(dialog.Control(kHelpButton), BM_CLICK, 0, 0);
+    PostMessageW(dialog.Button(kHelpButton), BM_CLICK, 0, 0);
     tool_.Post(WM_NULL);
     EXPECT_TRUE(IsWindowVisible(dialog.Window()));
     dialog.Press(IDCANCEL);
@@ -160,9 +160,9 @@ TEST_F(OpenInput, AppendsALineEachTime) {
 
 TEST_F(CreateInput, ShowsAFileDialogWithHelpAndWithoutReadOnlyBox) {
     const Popup dialog = OpenedBy(kCreateInput);
-    ASSERT_NE(nullptr, dialog.Control(kHelpButton));
-    EXPECT_TRUE(IsWindowVisible(dialog.Control(kHelpButton)));
-    EXPECT_FALSE(IsWindowVisible(dialog.Control(kReadOnlyBox)));
+    ASSERT_NE(nullptr, dialog.Button(kHelpButton));
+    EXPECT_TRUE(IsWindowVisible(dialog.Button(kHelpButton)));
+    EXPECT_FALSE(IsWindowVisible(dialog.Button(kReadOnlyBox)));
 }
 
 TEST_F(CreateInput, MakesAnEmptyFileAndOpensIt) {
@@ -195,7 +195,7 @@ TEST_F(CreateInput, AsksBeforeItEmptiesAFile) {
     EXPECT_EQ(L"File already exists and content will be deleted. Do you like to proceed?",
               question.Message());
     EXPECT_EQ(reinterpret_cast<long long>(IDI_QUESTION), IconOf(question));
-    EXPECT_NE(nullptr, question.Control(IDNO));
+    EXPECT_NE(nullptr, question.Button(IDNO));
     EXPECT_EQ("FIN\n", ContentOf(input_));
 }
 
@@ -248,7 +248,7 @@ TEST_F(CreateInput, FailureIsToldWithFileAndReasonAndTheProgramGoesOn) {
     EXPECT_THAT(box.Message(), testing::HasSubstr(input_.wstring()));
     EXPECT_THAT(box.Message(), testing::HasSubstr(reason));
     EXPECT_EQ(reinterpret_cast<long long>(IDI_HAND), IconOf(box));
-    box.Press(box.Control(IDOK) != nullptr ? IDOK : IDCANCEL);
+    box.Press(IDOK);
     CloseHandle(user);
     EXPECT_FALSE(csv_.HasOpened());
     EXPECT_EQ("FIN\n", ContentOf(input_));

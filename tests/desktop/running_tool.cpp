@@ -9,7 +9,7 @@ namespace {
 constexpr int kCurrentInputId = 1001;
 constexpr int kStatusListId = 1002;
 constexpr int kLoadCommand = 32773;
-constexpr int kFileNameEditId = 0x480;
+constexpr int kFileNameId = 0x47C;
 
 // Calls `visit` with every top-level window of a process until it returns false.
 template <typename Visit>
@@ -78,16 +78,19 @@ std::wstring Popup::Caption() const {
     return TextOfWindow(window_);
 }
 
-HWND Popup::Control(int id) const {
+HWND Popup::Control(int id, const std::wstring& windowClass) const {
     struct Context {
         int id;
+        const std::wstring& windowClass;
         HWND found;
-    } context{id, nullptr};
+    } context{id, windowClass, nullptr};
     EnumChildWindows(
         window_,
         [](HWND child, LPARAM parameter) -> BOOL {
             auto& wanted = *reinterpret_cast<Context*>(parameter);
-            if (GetDlgCtrlID(child) == wanted.id) wanted.found = child;
+            if (GetDlgCtrlID(child) == wanted.id && ClassOf(child) == wanted.windowClass) {
+                wanted.found = child;
+            }
             return wanted.found == nullptr;
         },
         reinterpret_cast<LPARAM>(&context));
@@ -104,13 +107,12 @@ std::wstring Popup::Message() const {
 }
 
 void Popup::Press(int button) const {
-    PostMessageW(Control(button), BM_CLICK, 0, 0);
+    PostMessageW(Control(button, L"Button"), BM_CLICK, 0, 0);
     WaitFor("a window to close", [this] { return !IsWindowVisible(window_); });
 }
 
 void Popup::Choose(const std::filesystem::path& path) const {
-    WaitFor("the file name field", [this] { return Control(kFileNameEditId) != nullptr; });
-    SendMessageW(Control(kFileNameEditId), WM_SETTEXT, 0,
+    SendMessageW(Control(kFileNameId, L"Edit"), WM_SETTEXT, 0,
                  reinterpret_cast<LPARAM>(path.wstring().c_str()));
     Press(IDOK);
 }
@@ -204,10 +206,8 @@ std::vector<std::wstring> RunningTool::StatusLines() const {
 // runs the loop of a window that they opened.
 void RunningTool::Settle() {
     PostMessageW(dialog_, RegisterWindowMessageW(kProbeMessage), 0, 0);
-    const HANDLE either[] = {reached_, process_.hProcess};
-    if (WaitForMultipleObjects(2, either, FALSE, 60000) == WAIT_TIMEOUT) {
-        throw std::runtime_error("the tool does not take its messages");
-    }
+    WaitFor("the tool to take its messages",
+            [this] { return WaitForSingleObject(reached_, 0) == WAIT_OBJECT_0 || HasEnded(); });
 }
 
 void RunningTool::Post(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -17,8 +17,10 @@ public:
     HWND Window() const { return window_; }
     std::wstring Caption() const;
 
-    /// The descendant of this identifier; null without one.
-    HWND Control(int id) const;
+    /// The descendant of this identifier and window class; null without one.
+    HWND Control(int id, const std::wstring& windowClass) const;
+
+    HWND Button(int id) const { return Control(id, L"Button"); }
 
     /// The text of a message box.
     std::wstring Message() const;
