@@ -74,8 +74,8 @@ bool CQuarnelDlg::OnCommand(int id) {
 }
 
 std::optional<LRESULT> CQuarnelDlg::OnMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    // A call to the host may hand out messages while it waits. A run is not to be entered twice,
-    // nor the dialog closed under it.
+    // While a call waits for the host, messages that were sent to the dialog still come in. A run
+    // is not to be entered twice, nor the dialog closed under it.
     if (computing_ && IsRequestOfTheUser(message)) return 0;
     switch (message) {
         case WM_SYSCOMMAND:

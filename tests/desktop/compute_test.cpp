@@ -398,17 +398,20 @@ TEST_F(FailingHost, IsKeptByEveryRunAndNeverReleased) {
     EXPECT_EQ(10, boundOf());
 }
 
-// While the tool waits for the host's answer it may be handed messages; none of them is obeyed.
+// While the tool waits for the host's answer it takes messages that other programs send; none of
+// them is obeyed.
 TEST_F(FailingHost, InTheMiddleOfACallTheDialogObeysNothing) {
     host_.rootMethods = [this](FakeCall& call) {
         if (call.id() != kGetModelFilePath.id) return S_OK;
-        tool_.Post(WM_COMMAND, kExit);
-        tool_.Post(WM_SYSCOMMAND, SC_CLOSE);
-        tool_.Post(WM_COMMAND, kCompute);
-        tool_.Post(WM_COMMAND, kViewLog);
+        for (const WPARAM command : {kExit, kCompute, kViewLog}) {
+            SendMessageW(tool_.Dialog(), WM_COMMAND, command, 0);
+        }
+        SendMessageW(tool_.Dialog(), WM_SYSCOMMAND, SC_CLOSE, 0);
+        SendMessageW(tool_.Dialog(), WM_CLOSE, 0, 0);
         return call.FailWithException(L"Host", L"Too busy.", E_FAIL);
     };
     EXPECT_THAT(MessageOfCompute(), testing::HasSubstr(L"Too busy."));
+    tool_.Post(WM_NULL);
     EXPECT_FALSE(tool_.HasPopup());
     EXPECT_FALSE(tool_.HasEnded());
     EXPECT_TRUE(tool_.StatusLines().empty());
