@@ -55,7 +55,7 @@ bool IsReportOf(const std::string& modelPath, const std::string& inputPath) {
 
 }  // namespace
 
-ExitCode CheckOnHost(const HostConnector& connectHost, const std::string& inputPath) {
+RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inputPath) {
     CautionAboutLoadCases(inputPath);
     TerminalStatusList status;
     ReportPaths reports;
@@ -63,12 +63,13 @@ ExitCode CheckOnHost(const HostConnector& connectHost, const std::string& inputP
     try {
         outcome = RunCompute(inputPath, connectHost, status, reports);
     } catch (const std::exception& error) {
+        outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
         outcome.failure = error.what();
     }
     if (outcome.opensLog) PrintReports(reports);
-    if (outcome.complete) return kExitComplete;
-    std::cerr << "quarnel-cli: the run ended early: " << outcome.failure << "\n";
-    return kExitEndedEarly;
+    if (!outcome.complete)
+        std::cerr << "quarnel-cli: the run ended early: " << outcome.failure << "\n";
+    return outcome;
 }
 
 ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath) {
@@ -86,5 +87,5 @@ ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inp
         return kExitUsage;
     }
     RecordedHost host(model, modelPath);
-    return CheckOnHost([&host] { return &host; }, inputPath);
+    return ExitCodeOf(CheckOnHost([&host] { return &host; }, inputPath));
 }

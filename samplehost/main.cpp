@@ -110,7 +110,7 @@ int Serve(const Options& options) {
     StopWindow stopWindow([&running] { running.reset(); });
     running = std::make_unique<RunningHost>(MakeSampleHost(std::move(model), modelPath, meter));
     ListenForStopSignals();
-    std::cout << "Ready." << std::endl;
+    std::cout << "Ready: process " << GetCurrentProcessId() << "." << std::endl;
     stopWindow.RunUntilStopped();
 
     std::cout << "Stopped after " << meter->total() << " calls, " << meter->refused()
