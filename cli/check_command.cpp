@@ -1,11 +1,11 @@
 #include "cli/check_command.h"
 
-#include <filesystem>
 #include <iostream>
 
 #include "cli/run_reports.h"
 #include "cli/summary.h"
 #include "cli/terminal.h"
+#include "host/native_path.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "route2/input_file.h"
@@ -38,11 +38,6 @@ void PrintReports(const ReportPaths& reports) {
     else
         std::cout << "Results: none written by this run\n";
     std::cout.flush();
-}
-
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code ignored;
-    return std::filesystem::equivalent(a, b, ignored);
 }
 
 // A run overwrites its two reports; an input file must not be one of them.

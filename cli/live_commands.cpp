@@ -5,6 +5,7 @@
 
 #include "cli/check_command.h"
 #include "host/live_host.h"
+#include "host/native_path.h"
 #include "host/qhm_file.h"
 
 namespace {
@@ -16,14 +17,9 @@ ExitCode Fail(ExitCode code, const std::string& text) {
 
 // Looked at before the run, which can take minutes.
 bool CanHoldRecording(const std::string& recordingPath) {
-    const std::filesystem::path folder = std::filesystem::path(recordingPath).parent_path();
+    const std::filesystem::path folder = NativePath(recordingPath).parent_path();
     std::error_code ignored;
     return folder.empty() || std::filesystem::is_directory(folder, ignored);
-}
-
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code ignored;
-    return std::filesystem::equivalent(a, b, ignored);
 }
 
 void DescribeRecording(const RecordedModel& model, const std::string& path) {
