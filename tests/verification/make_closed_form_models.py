@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the closed-form cases as host models into examples/closed_form/, and the building of the
+"""Writes the closed-form cases as host models into closed_form/ beside this file, and the building of the
 manual's worked example.
 
     make_closed_form_models.py [--check]
@@ -24,7 +24,7 @@ def main(arguments):
         cases[case.name + ".csv"] = case.input_text
     model, text = closed_form.worked_example()
     worked = {"worked_example.qhm": model.text(), "worked_example.csv": text}
-    stale = host_model.write_or_compare(cases, EXAMPLES / "closed_form", check)
+    stale = host_model.write_or_compare(cases, pathlib.Path(__file__).parent / "closed_form", check)
     stale += host_model.write_or_compare(worked, EXAMPLES, check)
     for path in stale:
         print(f"{path} is not what make_closed_form_models.py writes: run it", file=sys.stderr)

@@ -105,7 +105,7 @@ NOTES = {
 CLOSED_FORM_INTRODUCTION = """\
 ## Closed formulas
 
-The buildings of `examples/closed_form/` are columns of known stiffness under rigid floors. The
+The buildings of `tests/verification/closed_form/` are columns of known stiffness under rigid floors. The
 formulas stand in `tests/verification/closed_form.py`, which does not use the tool.
 
 """
@@ -221,7 +221,7 @@ class Chapter:
     def add_closed_forms(self):
         self.text += CLOSED_FORM_INTRODUCTION
         for case in closed_form.all_cases():
-            run = self.run(EXAMPLES / "closed_form", case.name)
+            run = self.run(ROOT / "tests" / "verification" / "closed_form", case.name)
             self.check_rounding(case.name, run)
             rows = []
             for quantity, key, story, expected in case.expected:
