@@ -2,6 +2,7 @@
 
 import pathlib
 import re
+import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
@@ -42,7 +43,8 @@ def links(text):
 
 
 def fail_with(problems):
-    import sys
-    for problem in problems:
+    """Prints what was found wrong; the exit code."""
+    found = list(problems)
+    for problem in found:
         print(problem, file=sys.stderr)
-    return 1 if problems else 0
+    return 1 if found else 0
