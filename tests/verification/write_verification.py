@@ -26,9 +26,11 @@ INTRODUCTION = """\
 # Verification
 
 This chapter holds the tool against calculations of others, against closed formulas and against
-equilibrium. Every value in the column "tool" comes from a run of `quarnel-cli check` on a building
-in `examples/`; the chapter is written by `tests/verification/write_verification.py`, and the tests
-fail when a run no longer gives what stands here.
+equilibrium. Every value in the column "tool" comes from a run: of `quarnel-cli check`, and, for the
+digits that the results file rounds away and for what it does not show, of `story-values`, a program
+of the tests that drives the same engine and prints what it holds. The two must agree to the digits
+of the results file. The chapter is written by `tests/verification/write_verification.py`, and the
+tests fail when a run no longer gives what stands here.
 
 How to read the tables:
 
@@ -105,8 +107,8 @@ NOTES = {
 CLOSED_FORM_INTRODUCTION = """\
 ## Closed formulas
 
-The buildings of `tests/verification/closed_form/` are columns of known stiffness under rigid floors. The
-formulas stand in `tests/verification/closed_form.py`, which does not use the tool.
+The buildings of `tests/verification/closed_form/` are columns of known stiffness under rigid
+floors. The formulas stand in `tests/verification/closed_form.py`, which does not use the tool.
 
 """
 
