@@ -33,10 +33,18 @@ public:
     explicit Stories(std::vector<StoryInfo> stories) : bench(host) {
         engine().storyInfoSet = true;
         engine().stories = std::move(stories);
-        engine().numPrimaryLoadCases = 1;
-        engine().loadCaseNumbers = {2};
+        SetLoadCases({2}, {});
     }
     AijCodeRoute2& engine() { return bench.engine; }
+
+    void SetLoadCases(const std::vector<std::int32_t>& primary,
+                      const std::vector<std::int32_t>& combinations) {
+        engine().numPrimaryLoadCases = static_cast<std::int32_t>(primary.size());
+        engine().numLoadCombinations = static_cast<std::int32_t>(combinations.size());
+        engine().loadCaseNumbers = primary;
+        engine().loadCaseNumbers.insert(engine().loadCaseNumbers.end(), combinations.begin(),
+                                        combinations.end());
+    }
 
     FakeHost host;
     EngineBench bench;
@@ -152,8 +160,7 @@ TEST(RsBar, AStoryOfNegativeHeightCountsOnlyInTheZMeansOverAllLoads) {
 TEST(RsBar, WithoutStoriesKeepsTheMeansOverAllLoadsAndAppendsZeros) {
     Stories stories({});
     AijCodeRoute2& engine = stories.engine();
-    engine.numPrimaryLoadCases = 2;
-    engine.numLoadCombinations = 1;
+    stories.SetLoadCases({2, 3}, {101});
     engine.rsBarOfMaxDisp = {11.0, 12.0};
     engine.rsBarOfMeanDisp = {13.0, 14.0};
     EXPECT_TRUE(engine.SetRsBar());
@@ -179,7 +186,7 @@ TEST(RsBar, FormsOneMeanPerPrimaryLoadCaseAndCombination) {
     story.maxRelativeDispByLoadCase = {{{1.0, 2.0}, {4.0, 5.0}}};
     story.meanRelativeDispByLoadCase = {{{8.0, 10.0}, {20.0, 25.0}}};
     Stories stories({story});
-    stories.engine().numLoadCombinations = 1;
+    stories.SetLoadCases({2}, {101});
     stories.engine().SetRsBar();
     EXPECT_THAT(stories.engine().rsBarOfMaxDispByLoadCase,
                 ElementsAre(ElementsAre(1000.0, 500.0), ElementsAre(250.0, 200.0)));
@@ -198,7 +205,7 @@ TEST(RsBar, ASecondRunOfTheStepAppendsASecondSetPerLoadCase) {
 
 TEST(RsBar, AStoryWithTooFewLoadCasesIsAnInvalidSubscript) {
     Stories stories({Story(1000, 10)});
-    stories.engine().numLoadCombinations = 1;
+    stories.SetLoadCases({2}, {101});
     try {
         stories.engine().SetRsBar();
         FAIL() << "nothing was thrown";
