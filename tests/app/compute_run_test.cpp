@@ -435,25 +435,26 @@ TEST_F(ComputeRun, EveryOtherExceptionIsShownAsAnException) {
     }
 }
 
-// Member 3 ends at a node that is not there, so no axis behind it, no story member and no check.
+// Member 20 ends at a node that is not there.
 TEST_F(ComputeRun, AMemberWithAnUnknownNodeEndsTheRunInTheFloorStep) {
     host.Member(20, 1, 99);
     Run();
     EXPECT_EQ(StepLinesUpTo("Setting floor information...") + Lines{"Exception was thrown..."} +
                   kClosingLines,
               status.lines);
-    EXPECT_THAT(
-        Log(),
-        HasSubstr(Warning("Node number is not set correctly. Stops setting member info...")));
+    EXPECT_THAT(Log(), HasSubstr(Warning("Node number is not set correctly. Stops setting member "
+                                         "info...")));
     EXPECT_THAT(Log(), EndsWith(Warning("Node number is not set correctly as setting floor...")));
 }
 
-// With the floors given, the story step refuses, and so does everything that needs stories; the
-// results file has no rows of members but its stories.
-TEST_F(ComputeRun, StepsWithoutStoryInfoRefuseAndTheRunGoesOnToTheGravityCenter) {
-    host.Member(20, 1, 99);
+// With the floors given, the story step refuses at member 20, and every step that needs stories
+// after it. The story has no member, so its only rows are those of the last three sections.
+TEST_F(ComputeRun, StepsWithoutStoryInfoRefuseAndTheRunGoesOn) {
+    FakeHost broken;
+    broken.modelPath = host.modelPath;
+    broken.Node(1, 0, 0, 0, true).Member(20, 1, 99);
     inputPath = folder.Write("floors.csv", "FloorLevel,0,3500,\nFIN\n");
-    Run();
+    RunOn(broken);
     EXPECT_EQ(kStepLines + kClosingLines, status.lines);
     for (const char* subject :
          {"story allowable values", "member base vector", "relative story displacement", "Rs bar",
@@ -461,6 +462,19 @@ TEST_F(ComputeRun, StepsWithoutStoryInfoRefuseAndTheRunGoesOnToTheGravityCenter)
           "eccentricity modulus"})
         EXPECT_THAT(Log(), HasSubstr(Warning("Story info. has not set yet. Stops setting " +
                                              std::string(subject) + "...")));
+    EXPECT_THAT(Csv(), EndsWith("\n1,0.000e+00,3.500e+03,3.500e+03,0.00000e+00,0.00000e+00,"
+                                "1.50000e-01,PASS,PASS\n"));
+}
+
+// Member 20 stands behind the columns, which have their records by then but no displacements per
+// load case: the first row of the results is out of range.
+TEST_F(ComputeRun, RecordsOfAStoryStepThatRefusedEndTheRunInTheResults) {
+    host.Member(20, 1, 99);
+    inputPath = folder.Write("floors.csv", "FloorLevel,0,3500,\nFIN\n");
+    const RunOutcome outcome = Run();
+    EXPECT_EQ(StepLinesUpTo("Saving output...") + Lines{"Exception was thrown..."} + kClosingLines,
+              status.lines);
+    EXPECT_EQ("invalid vector subscript", outcome.failure);
 }
 
 TEST_F(ComputeRun, AModelWithoutAnythingCompletesWithEmptyResults) {
