@@ -283,6 +283,12 @@ TEST_F(QhmFile, TextThatIsNotJsonIsOneLine) {
             << text.substr(0, 80);
 }
 
+TEST_F(QhmFile, AKeyWithLineEndsOrWithoutEndIsStillOneLine) {
+    for (const std::string& key : {std::string("2\\n3\\r"), std::string(1000000, '7')})
+        EXPECT_THAT(Error(Model("\"displacements\": {\"" + key + "\": {}}")),
+                    IsOneLineAbout(folder.Path("tower.qhm"), "displacements."));
+}
+
 TEST_F(QhmFile, ATruncatedFileIsRefusedWhereverItEnds) {
     const std::string path = folder.Path("tower.qhm");
     WriteQhmFile(SmallModel(), path);
