@@ -19,10 +19,9 @@ constexpr BuildingSize kLarge{20000, 40, 60};
 
 // The same sizes for both ways first, then those that show how the time grows.
 constexpr BuildingSize kPlainSizes[] = {{1000, 10, 5}, {5000, 20, 20}, kLarge};
-constexpr BuildingSize kSizes[] = {{1000, 10, 5},   {5000, 20, 20},  kLarge,
-                                   {10000, 40, 60}, {40000, 40, 60}, {20000, 10, 60},
-                                   {20000, 20, 60}, {20000, 60, 60}, {20000, 40, 5},
-                                   {20000, 40, 30}};
+constexpr BuildingSize kSizes[] = {
+    {1000, 10, 5},   {5000, 20, 20},  kLarge,          {10000, 40, 60}, {40000, 40, 60},
+    {20000, 10, 60}, {20000, 20, 60}, {20000, 60, 60}, {20000, 40, 5},  {20000, 40, 30}};
 constexpr Growth kGrowths[] = {
     {"Twice the members", {10000, 40, 60}, kLarge},
     {"Twice the members again", kLarge, {40000, 40, 60}},
@@ -75,8 +74,7 @@ void RegisterRun(Measurements& measurements, const BuildingSize& size, Way way) 
 
 void RunBenchmarks(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        throw std::runtime_error("see --help");
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) throw std::runtime_error("see --help");
     Measurements measurements;
     for (const BuildingSize& size : kSizes)
         RegisterRun(measurements, size, Way::kProduct);

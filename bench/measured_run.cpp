@@ -60,8 +60,7 @@ public:
         EndStep();
         for (const StepUsage& step : run_.steps) {
             run_.whole.seconds += step.usage.seconds;
-            run_.whole.peakMegabytes =
-                std::max(run_.whole.peakMegabytes, step.usage.peakMegabytes);
+            run_.whole.peakMegabytes = std::max(run_.whole.peakMegabytes, step.usage.peakMegabytes);
             run_.whole.asked += step.usage.asked;
             run_.whole.reached += step.usage.reached;
             run_.whole.distinct += step.usage.distinct;
@@ -122,8 +121,8 @@ private:
     RunUsage Run(HostQueries& host, const std::function<Usage()>& readTotals) {
         StepMeter meter(readTotals);
         ReportPaths reports;
-        const RunOutcome outcome =
-            making_.compute(folder_.Path("input.csv"), [&host] { return &host; }, meter, reports);
+        const RunOutcome outcome = making_.compute(
+            folder_.Path("input.csv"), [&host] { return &host; }, meter, reports);
         if (!outcome.complete) throw std::runtime_error(outcome.failure);
         RunUsage run = meter.Finish();
         run.reports = ReadText(reports.logFile) + ReadText(reports.resultFile);
@@ -135,31 +134,31 @@ private:
     Making making_;
 };
 
-template <typename Value>
-double Median(const std::vector<RunUsage>& runs, const Value& valueOf) {
-    std::vector<double> values;
-    for (const RunUsage& run : runs)
-        values.push_back(valueOf(run));
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
+void TakeCounts(Usage& usage, const Usage& counted) {
+    usage.asked = counted.asked;
+    usage.reached = counted.reached;
+    usage.distinct = counted.distinct;
+}
+
+// Of several runs the one that was disturbed least counts.
+void TakeLeastTime(Usage& usage, const Usage& other) {
+    usage.seconds = std::min(usage.seconds, other.seconds);
 }
 
 RunUsage Measure(const BuildingSize& size, const Making& making, int repetitions) {
     MeasuredBuilding building(size, making);
-    std::vector<RunUsage> runs;
-    for (int i = 0; i < repetitions; ++i)
-        runs.push_back(building.Run());
-
-    RunUsage result = building.RunCounting();
-    for (std::size_t i = 0; i < result.steps.size(); ++i) {
-        Usage& step = result.steps[i].usage;
-        step.seconds = Median(runs, [i](const RunUsage& r) { return r.steps[i].usage.seconds; });
-        step.peakMegabytes =
-            Median(runs, [i](const RunUsage& r) { return r.steps[i].usage.peakMegabytes; });
+    RunUsage result = building.Run();
+    for (int i = 1; i < repetitions; ++i) {
+        const RunUsage next = building.Run();
+        TakeLeastTime(result.whole, next.whole);
+        for (std::size_t k = 0; k < result.steps.size(); ++k)
+            TakeLeastTime(result.steps[k].usage, next.steps[k].usage);
     }
-    result.whole.seconds = Median(runs, [](const RunUsage& r) { return r.whole.seconds; });
-    result.whole.peakMegabytes =
-        Median(runs, [](const RunUsage& r) { return r.whole.peakMegabytes; });
+
+    const RunUsage counted = building.RunCounting();
+    TakeCounts(result.whole, counted.whole);
+    for (std::size_t k = 0; k < result.steps.size(); ++k)
+        TakeCounts(result.steps[k].usage, counted.steps[k].usage);
     return result;
 }
 

@@ -27,7 +27,7 @@ struct RunUsage {
 };
 
 /// Runs the checks of a generated building as the product does, remembering answers. Times are
-/// medians of the repetitions; questions are counted in one further run.
+/// the shortest of the repetitions; questions are counted in one further run.
 RunUsage MeasureRun(const BuildingSize& size, int repetitions);
 
 /// Runs them the plain way: every question reaches the provider, every look-up is a search.

@@ -2,10 +2,8 @@
 
 namespace {
 
-constexpr int kRepetitions = 5;
-
-// Slow, and the more even for it.
-constexpr int kPlainRepetitions = 1;
+constexpr int kRepetitions = 9;
+constexpr int kPlainRepetitions = 3;  // slow, and the more even for it
 
 }  // namespace
 

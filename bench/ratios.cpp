@@ -76,7 +76,8 @@ void PrintGrowths(const Measurements& measurements, std::span<const Growth> grow
         std::printf("| status line | time grows |\n|---|---:|\n");
         for (std::size_t i = 0; i < to->steps.size(); ++i) {
             const std::string ratio = Ratio(from->steps[i].usage, to->steps[i].usage);
-            if (!ratio.empty()) std::printf("| %s | %s |\n", to->steps[i].name.c_str(), ratio.c_str());
+            if (!ratio.empty())
+                std::printf("| %s | %s |\n", to->steps[i].name.c_str(), ratio.c_str());
         }
         std::printf("| whole run | %s |\n", Ratio(from->whole, to->whole).c_str());
     }

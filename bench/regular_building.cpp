@@ -225,8 +225,12 @@ std::int16_t RegularBuilding::GetNodeDisplacements(std::int32_t node, std::int32
     const double alongX = loadCase == kEarthquakeZ ? 0.0002 : 0.004;
     const double alongZ = loadCase == kEarthquakeX ? 0.0003 : 0.005;
     const double size = 1.0 + 0.01 * loadCase;  // no two load cases alike
-    displacements = {size * floors * (alongX + 0.00001 * found.z), -0.0001 * floors,
-                     size * floors * (alongZ - 0.00002 * found.x), 0.0, 0.0, 0.0};
+    displacements = {size * floors * (alongX + 0.00001 * found.z),
+                     -0.0001 * floors,
+                     size * floors * (alongZ - 0.00002 * found.x),
+                     0.0,
+                     0.0,
+                     0.0};
     return 1;
 }
 

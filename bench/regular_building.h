@@ -30,6 +30,7 @@ public:
     /// story, as far as a line has room, to be reported. Floors and stories come from the model.
     std::string InputFileText() const;
 
+    const std::string& modelPath() const { return modelPath_; }
     std::int32_t ColumnsPerStory() const { return columnsPerStory_; }
 
     std::string GetModelFilePath() override;

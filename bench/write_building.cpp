@@ -27,13 +27,15 @@ public:
 // remembered on the way.
 void WriteBuilding(const BuildingSize& size, const std::string& modelPath) {
     RegularBuilding building(size, modelPath);
-    const std::string inputPath = std::filesystem::path(modelPath).replace_extension("csv").string();
+    const std::string inputPath =
+        std::filesystem::path(modelPath).replace_extension("csv").string();
     std::ofstream(inputPath, std::ios::binary) << building.InputFileText();
 
     RememberingHost host(building);
     SilentStatusList status;
     ReportPaths reports;
-    const RunOutcome outcome = RunCompute(inputPath, [&host] { return &host; }, status, reports);
+    const RunOutcome outcome = RunCompute(
+        inputPath, [&host] { return &host; }, status, reports);
     if (!outcome.complete) throw std::runtime_error(outcome.failure);
     std::filesystem::remove(reports.logFile);
     std::filesystem::remove(reports.resultFile);

@@ -19,11 +19,12 @@ public:
         return static_cast<std::size_t>(found - numbers_.begin());
     }
 
-    /// Looks from the back, which is half the way of a search that goes through to the end.
+    /// Goes through to the end: a later match counts more than an earlier one.
     std::optional<std::size_t> Last(std::int32_t number) const {
-        const auto found = std::find(numbers_.rbegin(), numbers_.rend(), number);
-        if (found == numbers_.rend()) return std::nullopt;
-        return static_cast<std::size_t>(numbers_.rend() - found) - 1;
+        std::optional<std::size_t> last;
+        for (std::size_t i = 0; i < numbers_.size(); ++i)
+            if (numbers_[i] == number) last = i;
+        return last;
     }
 
 private:
