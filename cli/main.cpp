@@ -34,6 +34,7 @@ int RunCommand(int argc, char** argv) {
     app.footer(kFooter);
     app.set_version_flag("--version", "quarnel-cli " QUARNEL_VERSION);
     app.require_subcommand(1);
+    app.allow_windows_style_options(false);  // a path may begin with a slash
 
     std::string model, input;
     CLI::App* check = app.add_subcommand("check", "run the checks on a recorded building");
