@@ -9,6 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "host/native_path.h"
+
 namespace {
 
 using Json = nlohmann::json;
@@ -493,7 +495,7 @@ void WriteQhmFile(const RecordedModel& model, const std::string& path) {
         }
     }
     std::error_code error;
-    std::filesystem::rename(temporary, path, error);
+    std::filesystem::rename(NativePath(temporary), NativePath(path), error);
     if (error) {
         std::remove(temporary.c_str());
         FailToWrite(path, "cannot put it in place: " + error.message());
