@@ -26,6 +26,14 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 
 // --- Reading -------------------------------------------------------------------------------------
 
+// Text of the file for a message of one line: without line ends, and no longer than a line reads.
+std::string OneLine(std::string text, std::size_t length) {
+    if (text.size() > length) text = text.substr(0, length) + "...";
+    for (char& character : text)
+        if (static_cast<unsigned char>(character) < ' ') character = ' ';
+    return text;
+}
+
 // A value of the file and how to get there, for messages.
 class Place {
 public:
@@ -90,10 +98,12 @@ private:
         if (parent_ == nullptr) return {};
         const std::string before = parent_->KeyPath();
         if (key_.empty() && index_ != kNoIndex) return before + "[" + std::to_string(index_) + "]";
-        return before.empty() ? key_ : before + "." + key_;
+        const std::string key = OneLine(key_, kLongestKey);
+        return before.empty() ? key : before + "." + key;
     }
 
     static constexpr std::size_t kNoIndex = static_cast<std::size_t>(-1);
+    static constexpr std::size_t kLongestKey = 40;
 
     const std::string& file_;
     const Place* parent_ = nullptr;
@@ -294,13 +304,12 @@ std::string ReadWholeFile(const std::string& path) {
     return text;
 }
 
-// What the library says, less its own name and error number: "[json.exception.x.101] text".
+// What the library says, less its own name and error number: "[json.exception.x.101] text". It
+// quotes what it has read last, which can be as long as the file.
 std::string TextOfJsonError(const std::string& what) {
+    constexpr std::size_t kLongestText = 240;
     const std::size_t end = what.find("] ");
-    std::string text = end == std::string::npos ? what : what.substr(end + 2);
-    for (char& character : text)
-        if (character == '\n' || character == '\r') character = ' ';
-    return text;
+    return OneLine(end == std::string::npos ? what : what.substr(end + 2), kLongestText);
 }
 
 // --- Writing -------------------------------------------------------------------------------------
