@@ -22,6 +22,15 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
+// Text of a file as part of a message, which is one line of bearable length.
+std::string OneLine(std::string text) {
+    constexpr std::size_t kLongest = 200;
+    if (text.size() > kLongest) text = text.substr(0, kLongest) + "...";
+    for (char& character : text)
+        if (static_cast<unsigned char>(character) < 0x20) character = ' ';
+    return text;
+}
+
 // --- Reading -------------------------------------------------------------------------------------
 
 // A value of the file and how to get there, for messages.
@@ -88,7 +97,7 @@ private:
         if (parent_ == nullptr) return {};
         const std::string before = parent_->KeyPath();
         if (key_.empty() && index_ != kNoIndex) return before + "[" + std::to_string(index_) + "]";
-        return before.empty() ? key_ : before + "." + key_;
+        return before.empty() ? OneLine(key_) : before + "." + OneLine(key_);
     }
 
     static constexpr std::size_t kNoIndex = static_cast<std::size_t>(-1);
@@ -295,10 +304,7 @@ std::string ReadWholeFile(const std::string& path) {
 // What the library says, less its own name and error number: "[json.exception.x.101] text".
 std::string TextOfJsonError(const std::string& what) {
     const std::size_t end = what.find("] ");
-    std::string text = end == std::string::npos ? what : what.substr(end + 2);
-    for (char& character : text)
-        if (character == '\n' || character == '\r') character = ' ';
-    return text;
+    return OneLine(end == std::string::npos ? what : what.substr(end + 2));
 }
 
 // --- Writing -------------------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,14 +43,23 @@ std::string ReadIfThere(const TestFolder& folder, const std::string& name) {
     return folder.Has(name) ? folder.Read(name) : std::string();
 }
 
+// Files that this process has open; 0 where the system does not show them.
+std::ptrdiff_t OpenFiles() {
+    std::error_code none;
+    const std::filesystem::directory_iterator files("/proc/self/fd", none);
+    return none ? 0 : std::distance(begin(files), end(files));
+}
+
 Reports Run(HostQueries& host, const TestFolder& folder) {
     std::error_code ignored;
     std::filesystem::remove(folder.Path("model.aijR2Log.txt"), ignored);
     std::filesystem::remove(folder.Path("model.aijR2Result.csv"), ignored);
     StatusLines status;
     ReportPaths reports;
+    const std::ptrdiff_t openBefore = OpenFiles();
     RunCompute(
         folder.Path("input.csv"), [&host] { return &host; }, status, reports);
+    Check(OpenFiles() == openBefore, "the run leaves no file open");
 
     const auto& lines = status.Lines();
     Check(lines.size() >= 3, "the status list says what happened");
