@@ -309,8 +309,7 @@ void AijCodeRoute2::PrintStoryInfoCsv() {
     try {
         ResultsWriter(*this).PrintSections();
     } catch (...) {
-        // Left open, the file would write what its buffer still holds when the program ends: over
-        // the results of a later run.
+        // Left open, the file would be incomplete and in use until the program ends.
         CloseResultFile();
         throw;
     }
