@@ -101,6 +101,7 @@ void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
         outcome.failure = "error number " + std::to_string(number);
         status.Append(StatusText::kWrongFilePath);
     } catch (const std::exception& error) {
+        outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
         outcome.failure = error.what();
         status.Append(StatusText::kExceptionThrown);
     } catch (...) {

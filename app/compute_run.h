@@ -27,9 +27,10 @@ struct ReportPaths {
 
 /// How a run ended, beyond what the status list says.
 struct RunOutcome {
-    bool complete = false;  ///< the status list reached "Calculation Complete"
-    bool opensLog = false;  ///< the run wrote a log, at ReportPaths::logFile
-    std::string failure;    ///< why a run that is not complete ended, one sentence without a stop
+    bool complete = false;    ///< the status list reached "Calculation Complete"
+    bool opensLog = false;    ///< the run wrote a log, at ReportPaths::logFile
+    bool hostFailed = false;  ///< a host call failed, which ended the run
+    std::string failure;      ///< why a run that is not complete ended, one sentence without a stop
 };
 
 /// Gives the connected host, or null when it cannot be reached. The host stays with the giver

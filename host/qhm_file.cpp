@@ -9,6 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "host/native_path.h"
+
 namespace {
 
 using Json = nlohmann::json;
@@ -22,16 +24,15 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-// Text of a file as part of a message, which is one line of bearable length.
-std::string OneLine(std::string text) {
-    constexpr std::size_t kLongest = 200;
-    if (text.size() > kLongest) text = text.substr(0, kLongest) + "...";
+// --- Reading -------------------------------------------------------------------------------------
+
+// Text of the file for a message of one line: without line ends, and no longer than a line reads.
+std::string OneLine(std::string text, std::size_t length) {
+    if (text.size() > length) text = text.substr(0, length) + "...";
     for (char& character : text)
-        if (static_cast<unsigned char>(character) < 0x20) character = ' ';
+        if (static_cast<unsigned char>(character) < ' ') character = ' ';
     return text;
 }
-
-// --- Reading -------------------------------------------------------------------------------------
 
 // A value of the file and how to get there, for messages.
 class Place {
@@ -97,10 +98,12 @@ private:
         if (parent_ == nullptr) return {};
         const std::string before = parent_->KeyPath();
         if (key_.empty() && index_ != kNoIndex) return before + "[" + std::to_string(index_) + "]";
-        return before.empty() ? OneLine(key_) : before + "." + OneLine(key_);
+        const std::string key = OneLine(key_, kLongestKey);
+        return before.empty() ? key : before + "." + key;
     }
 
     static constexpr std::size_t kNoIndex = static_cast<std::size_t>(-1);
+    static constexpr std::size_t kLongestKey = 40;
 
     const std::string& file_;
     const Place* parent_ = nullptr;
@@ -301,10 +304,12 @@ std::string ReadWholeFile(const std::string& path) {
     return text;
 }
 
-// What the library says, less its own name and error number: "[json.exception.x.101] text".
+// What the library says, less its own name and error number: "[json.exception.x.101] text". It
+// quotes what it has read last, which can be as long as the file.
 std::string TextOfJsonError(const std::string& what) {
+    constexpr std::size_t kLongestText = 240;
     const std::size_t end = what.find("] ");
-    return OneLine(end == std::string::npos ? what : what.substr(end + 2));
+    return OneLine(end == std::string::npos ? what : what.substr(end + 2), kLongestText);
 }
 
 // --- Writing -------------------------------------------------------------------------------------
@@ -499,7 +504,7 @@ void WriteQhmFile(const RecordedModel& model, const std::string& path) {
         }
     }
     std::error_code error;
-    std::filesystem::rename(temporary, path, error);
+    std::filesystem::rename(NativePath(temporary), NativePath(path), error);
     if (error) {
         std::remove(temporary.c_str());
         FailToWrite(path, "cannot put it in place: " + error.message());

@@ -106,11 +106,11 @@ int Serve(const Options& options) {
     Introduce(model, modelPath, options);
 
     const auto meter = std::make_shared<CallMeter>(std::chrono::milliseconds(options.delayMs));
-    auto running =
-        std::make_unique<RunningHost>(MakeSampleHost(std::move(model), modelPath, meter));
+    std::unique_ptr<RunningHost> running;
     StopWindow stopWindow([&running] { running.reset(); });
+    running = std::make_unique<RunningHost>(MakeSampleHost(std::move(model), modelPath, meter));
     ListenForStopSignals();
-    std::cout << "Ready." << std::endl;
+    std::cout << "Ready: process " << GetCurrentProcessId() << "." << std::endl;
     stopWindow.RunUntilStopped();
 
     std::cout << "Stopped after " << meter->total() << " calls, " << meter->refused()

@@ -108,11 +108,12 @@ protected:
 };
 
 // The status lines that a run shows before a call, then what an exception adds to them.
-std::vector<StatusText> EndedEarly(const std::vector<StatusText>& wholeRun, std::size_t shown,
-                                   StatusText why) {
-    std::vector<StatusText> lines(wholeRun.begin(),
-                                  wholeRun.begin() + static_cast<std::ptrdiff_t>(shown));
-    lines.insert(lines.end(), {why, StatusText::kFinishes, StatusText::kClosingLog});
+std::vector<std::string> EndedEarly(const std::vector<std::string>& wholeRun, std::size_t shown,
+                                    StatusText why) {
+    std::vector<std::string> lines(wholeRun.begin(),
+                                   wholeRun.begin() + static_cast<std::ptrdiff_t>(shown));
+    for (const StatusText line : {why, StatusText::kFinishes, StatusText::kClosingLog})
+        lines.emplace_back(TextOf(line));
     return lines;
 }
 
@@ -128,7 +129,7 @@ TEST_P(FaultInjection, EveryQueryIsAmongTheFailingCalls) {
 
 TEST_P(FaultInjection, TheStatusListEndsWithTheExceptionAndTheClosingLines) {
     const std::vector<Moment> moments = RunAndNote();
-    const std::vector<StatusText> wholeRun = status_.lines;
+    const std::vector<std::string> wholeRun = status_.lines;
     for (std::size_t call = 3; call <= moments.size(); ++call) {
         SCOPED_TRACE("call " + std::to_string(call) + ": " + host_.calls.at(call - 1));
         Run(call);
@@ -146,7 +147,7 @@ TEST_P(FaultInjection, TheReasonOfTheHostReachesTheOutcome) {
 
 TEST_P(FaultInjection, ExhaustedMemoryInACallEndsTheRunTheSameWay) {
     const std::vector<Moment> moments = RunAndNote();
-    const std::vector<StatusText> wholeRun = status_.lines;
+    const std::vector<std::string> wholeRun = status_.lines;
     for (std::size_t call = 3; call <= moments.size(); ++call) {
         SCOPED_TRACE("call " + std::to_string(call));
         Run(call, [] { throw std::bad_alloc(); });
@@ -157,7 +158,7 @@ TEST_P(FaultInjection, ExhaustedMemoryInACallEndsTheRunTheSameWay) {
 
 TEST_P(FaultInjection, AnExceptionOfWholeNumberTypeSaysWrongFilePath) {
     const std::vector<Moment> moments = RunAndNote();
-    const std::vector<StatusText> wholeRun = status_.lines;
+    const std::vector<std::string> wholeRun = status_.lines;
     for (std::size_t call = 3; call <= moments.size(); ++call) {
         SCOPED_TRACE("call " + std::to_string(call));
         Run(call, [] { throw 53; });
@@ -209,7 +210,7 @@ TEST_P(FaultInjection, NoFileStaysOpen) {
 
 TEST_P(FaultInjection, TheNextRunInTheSameProcessWorks) {
     Run(kNoCall);
-    const std::vector<StatusText> wholeRun = status_.lines;
+    const std::vector<std::string> wholeRun = status_.lines;
     const std::size_t calls = calls_;
     const std::string log = folder_.Read(kLog);
     const std::string results = folder_.Read(kResults);
@@ -251,7 +252,7 @@ protected:
 TEST_F(BrokenOffResults, AreCompleteUpToTheRowThatFailed) {
     host_.Member(2, 2, 99);
     Run(host_);
-    EXPECT_THAT(status_.lines, testing::Contains(StatusText::kExceptionThrown));
+    EXPECT_THAT(status_.lines, testing::Contains(TextOf(StatusText::kExceptionThrown)));
     EXPECT_EQ(
         "\n -----  Story deformation angle  ----- \n"
         "\nDirection X\nDisp type : Average\n"

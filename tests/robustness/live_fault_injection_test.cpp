@@ -75,21 +75,22 @@ protected:
 
 TEST_F(LiveFaultInjection, TheRunWithoutAFaultIsComplete) {
     Run(kNoCall);
-    EXPECT_THAT(status_.lines, testing::Contains(StatusText::kCalculationComplete));
+    EXPECT_THAT(status_.lines, testing::Contains(TextOf(StatusText::kCalculationComplete)));
     EXPECT_TRUE(folder_.Has(kResults));
 }
 
 TEST_F(LiveFaultInjection, TheStatusListEndsWithTheExceptionAndTheClosingLines) {
     Run(kNoCall);
-    const std::vector<StatusText> wholeRun = status_.lines;
+    const std::vector<std::string> wholeRun = status_.lines;
     const std::vector<std::size_t> linesAt = linesAt_;
     for (std::size_t call = kUnguarded + 1; call <= linesAt.size(); ++call) {
         SCOPED_TRACE("call " + std::to_string(call));
         Run(call);
-        std::vector<StatusText> expected(
+        std::vector<std::string> expected(
             wholeRun.begin(), wholeRun.begin() + static_cast<std::ptrdiff_t>(linesAt[call - 1]));
-        expected.insert(expected.end(), {StatusText::kExceptionThrown, StatusText::kFinishes,
-                                         StatusText::kClosingLog});
+        for (const StatusText line :
+             {StatusText::kExceptionThrown, StatusText::kFinishes, StatusText::kClosingLog})
+            expected.emplace_back(TextOf(line));
         ASSERT_FALSE(escaped_);
         ASSERT_EQ(expected, status_.lines);
     }
@@ -168,7 +169,7 @@ TEST_F(LiveFaultInjection, NoFileOrHandleStaysOpen) {
 
 TEST_F(LiveFaultInjection, TheNextRunInTheSameProcessWorks) {
     Run(kNoCall);
-    const std::vector<StatusText> wholeRun = status_.lines;
+    const std::vector<std::string> wholeRun = status_.lines;
     const std::size_t calls = calls_;
     const std::string log = folder_.Read(kLog);
     const std::string results = folder_.Read(kResults);

@@ -200,7 +200,7 @@ TEST_F(Properties, ASymmetricBuildingHasNoEccentricity) {
 class RunProperties : public Properties {
 protected:
     struct Reports {
-        std::vector<StatusText> status;
+        std::vector<std::string> status;
         std::string log;
         std::string results;
         bool operator==(const Reports&) const = default;

@@ -1,24 +1,19 @@
 #pragma once
 
-#include <functional>
-#include <ostream>
+#include <string>
 #include <vector>
 
 #include "app/compute_run.h"
 
-/// A status list that keeps its lines.
+/// A status list that keeps its lines as the user reads them.
 class StatusLines : public StatusList {
 public:
-    void Clear() override { lines.clear(); }
-    void Append(StatusText line) override {
-        lines.push_back(line);
-        if (onAppend) onAppend(line);
+    void Clear() override {
+        lines.clear();
+        ++clears;
     }
+    void Append(StatusText line) override { lines.emplace_back(TextOf(line)); }
 
-    std::vector<StatusText> lines;
-    std::function<void(StatusText)> onAppend;  ///< called after each line
+    std::vector<std::string> lines;
+    int clears = 0;
 };
-
-inline void PrintTo(StatusText line, std::ostream* out) {
-    *out << '"' << TextOf(line) << '"';
-}
