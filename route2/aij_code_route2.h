@@ -175,6 +175,10 @@ private:
     void CreateStories();
     bool AddStoryMemberFromDataFile(StoryInfo& story, std::int32_t member);
 
+    /// One record per member that runs between the story's floors, no load case set. False when a
+    /// node is missing; `found` then holds the members before.
+    bool FindStoryMembers(const StoryInfo& story, std::vector<StoryMember>& found);
+
     void SetRsBarOfAllLoadCases();
     void SetRsBarByLoadCase();
 
