@@ -313,7 +313,8 @@ void AijCodeRoute2::PrintStoryInfoCsv() {
         CloseResultFile();
         throw;
     }
-    CloseResultFile();
+    const bool noWriteFailed = std::ferror(resultFile) == 0;
+    resultFileWritten = CloseResultFile() && noWriteFailed;
     Print(logFile, "Ends printing story info in csv style...\n");
 }
 

@@ -83,6 +83,7 @@ public:
     // ends the writing leaves the file complete up to the row that failed.
     std::FILE* logFile = nullptr;
     std::FILE* resultFile = nullptr;
+    bool resultFileWritten = false;  ///< all rows went to the results file, none was lost
     std::string modelFilePath;
 
     // Axes and units.
