@@ -101,12 +101,23 @@ void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
         outcome.failure = "error number " + std::to_string(number);
         status.Append(StatusText::kWrongFilePath);
     } catch (const std::exception& error) {
+        outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
         outcome.failure = error.what();
         status.Append(StatusText::kExceptionThrown);
     } catch (...) {
         outcome.failure = "an error without a description";
         status.Append(StatusText::kExceptionThrown);
     }
+}
+
+// Closes the log, and notes which reports could not be written to their end.
+void CloseLog(const AijCodeRoute2& engine, RunOutcome& outcome) {
+    if (engine.resultFile != nullptr && !engine.resultFileWritten)
+        outcome.incompleteReports.push_back(engine.resultFilePath);
+    if (engine.logFile == nullptr) return;
+    const bool noWriteFailed = std::ferror(engine.logFile) == 0;
+    if (std::fclose(engine.logFile) != 0 || !noWriteFailed)
+        outcome.incompleteReports.push_back(engine.logFilePath);
 }
 
 }  // namespace
@@ -139,7 +150,7 @@ RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& con
 
     status.Append(StatusText::kFinishes);
     outcome.opensLog = engine.logFile != nullptr;
-    if (engine.logFile != nullptr) std::fclose(engine.logFile);
+    CloseLog(engine, outcome);
     status.Append(StatusText::kClosingLog);
     return outcome;
 }

@@ -1,11 +1,11 @@
 #include "cli/check_command.h"
 
-#include <filesystem>
 #include <iostream>
 
 #include "cli/run_reports.h"
 #include "cli/summary.h"
 #include "cli/terminal.h"
+#include "host/native_path.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "route2/input_file.h"
@@ -40,11 +40,6 @@ void PrintReports(const ReportPaths& reports) {
     std::cout.flush();
 }
 
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code ignored;
-    return std::filesystem::equivalent(a, b, ignored);
-}
-
 // A run overwrites its two reports; an input file must not be one of them.
 bool IsReportOf(const std::string& modelPath, const std::string& inputPath) {
     const std::string stem =
@@ -55,7 +50,7 @@ bool IsReportOf(const std::string& modelPath, const std::string& inputPath) {
 
 }  // namespace
 
-ExitCode CheckOnHost(const HostConnector& connectHost, const std::string& inputPath) {
+RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inputPath) {
     CautionAboutLoadCases(inputPath);
     TerminalStatusList status;
     ReportPaths reports;
@@ -63,12 +58,17 @@ ExitCode CheckOnHost(const HostConnector& connectHost, const std::string& inputP
     try {
         outcome = RunCompute(inputPath, connectHost, status, reports);
     } catch (const std::exception& error) {
+        outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
         outcome.failure = error.what();
     }
     if (outcome.opensLog) PrintReports(reports);
-    if (outcome.complete) return kExitComplete;
-    std::cerr << "quarnel-cli: the run ended early: " << outcome.failure << "\n";
-    return kExitEndedEarly;
+    for (const std::string& report : outcome.incompleteReports)
+        std::cerr << "quarnel-cli: caution: " << report
+                  << " is incomplete: it could not be written to its end; see that the disk has "
+                     "room, and run again\n";
+    if (!outcome.complete)
+        std::cerr << "quarnel-cli: the run ended early: " << outcome.failure << "\n";
+    return outcome;
 }
 
 ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath) {
@@ -86,5 +86,5 @@ ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inp
         return kExitUsage;
     }
     RecordedHost host(model, modelPath);
-    return CheckOnHost([&host] { return &host; }, inputPath);
+    return ExitCodeOf(CheckOnHost([&host] { return &host; }, inputPath));
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "app/compute_run.h"
 #include "cli/exit_codes.h"
@@ -11,5 +10,5 @@
 ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath);
 
 /// Runs the checks on any host and prints what `quarnel-cli check` prints: cautions about the
-/// input file, status lines, verdicts, warnings, where the files are.
-ExitCode CheckOnHost(const HostConnector& connectHost, const std::string& inputPath);
+/// input file, status lines, verdicts, warnings, where the files are, why the run ended early.
+RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inputPath);

@@ -6,6 +6,7 @@
 
 #include "cli/check_command.h"
 #include "cli/exit_codes.h"
+#include "cli/live_commands.h"
 
 namespace {
 
@@ -15,6 +16,12 @@ Examples:
       checks a recorded building. The status lines come first, then a table of
       verdicts per check, the warnings of the log, and where the files are:
       examples/two_story_y_up.aijR2Log.txt and ...aijR2Result.csv.
+  quarnel-cli check job.csv
+      checks the building that is open in the running host (Windows only); log
+      and results go beside the host's model file.
+  quarnel-cli record job.csv job.qhm
+      the same, and saves what the host answered: checking job.qhm with job.csv
+      gives the same log and results where the host is not installed.
 
 The Route 2 Input file is comma-separated and ends with a line FIN, for example:
   DeadLoadCaseNumber,1,
@@ -26,6 +33,17 @@ Exit codes:
   1  the run ended before; standard error says why
   2  wrong usage, or a model file that cannot be read)";
 
+// `check MODEL.qhm INPUT.csv` or, on the running host, `check INPUT.csv`.
+ExitCode Check(const std::vector<std::string>& files) {
+    if (files.size() == 2) return CheckRecordedModel(files[0], files[1]);
+    if (files[0].ends_with(".qhm")) {
+        std::cerr << "quarnel-cli: check " << files[0]
+                  << ": name the Route 2 Input file too: check MODEL.qhm INPUT.csv\n";
+        return kExitUsage;
+    }
+    return CheckRunningHost(files[0]);
+}
+
 int RunCommand(int argc, char** argv) {
     CLI::App app(
         "Route 2 story checks of an analysed building: story deformation angle, story "
@@ -34,13 +52,25 @@ int RunCommand(int argc, char** argv) {
     app.footer(kFooter);
     app.set_version_flag("--version", "quarnel-cli " QUARNEL_VERSION);
     app.require_subcommand(1);
+    app.allow_windows_style_options(false);  // a path may begin with a slash
 
-    std::string model, input;
-    CLI::App* check = app.add_subcommand("check", "run the checks on a recorded building");
-    check->add_option("MODEL.qhm", model, "recorded building; log and results go beside it")
-        ->required();
-    check->add_option("INPUT.csv", input, "Route 2 Input file")->required();
+    std::vector<std::string> files;
+    CLI::App* check = app.add_subcommand(
+        "check", "run the checks on a recorded building, or on the running host");
+    check
+        ->add_option("FILES", files,
+                     "MODEL.qhm INPUT.csv: a recorded building (log and results go beside it) "
+                     "and the Route 2 Input file; INPUT.csv alone: the running host")
+        ->required()
+        ->expected(1, 2);
     check->footer(kFooter);
+
+    std::string input, recording;
+    CLI::App* record = app.add_subcommand(
+        "record", "run the checks on the running host and save its answers as a model file");
+    record->add_option("INPUT.csv", input, "Route 2 Input file")->required();
+    record->add_option("OUT.qhm", recording, "the recorded building to write")->required();
+    record->footer(kFooter);
 
     try {
         app.parse(argc, argv);
@@ -50,7 +80,7 @@ int RunCommand(int argc, char** argv) {
         std::cerr << "quarnel-cli: " << error.what() << " (quarnel-cli --help shows the usage)\n";
         return kExitUsage;
     }
-    return CheckRecordedModel(model, input);
+    return record->parsed() ? RecordRunningHost(input, recording) : Check(files);
 }
 
 }  // namespace

@@ -133,34 +133,44 @@ bool AijCodeRoute2::AddStoryMemberFromDataFile(StoryInfo& story, std::int32_t me
 
 bool AijCodeRoute2::SetStoryMember() {
     for (StoryInfo& story : stories) {
-        for (const std::int32_t member : memberNumbers) {
-            const MemberEnds ends = AskMemberEnds(member);
-            if (!ends.BothFound()) {
-                LogWarning(logFile,
-                           "Node number is not set correctly. Stops setting story member...");
-                return false;
-            }
-            const Vec3& start = nodeCoords[*ends.start];
-            const Vec3& end = nodeCoords[*ends.end];
-            const bool startIsUpper = Vertical(start) > Vertical(end);
-            const Vec3& lower = startIsUpper ? end : start;
-            const Vec3& upper = startIsUpper ? start : end;
-            if (!(std::abs(story.lowerLevel - Vertical(lower)) < kEqualLevel &&
-                  std::abs(story.upperLevel - Vertical(upper)) < kEqualLevel))
-                continue;
-
-            StoryMember record;
-            record.memberNumber = member;
-            record.lowerNodeNumber = startIsUpper ? ends.endNode : ends.startNode;
-            record.upperNodeNumber = startIsUpper ? ends.startNode : ends.endNode;
-            record.planX = lower.x;
-            record.planZ = PlanZ(lower);
+        std::vector<StoryMember> found;
+        const bool allNodesFound = FindStoryMembers(story, found);
+        story.members.reserve(found.size() * loadCaseNumbers.size());
+        for (StoryMember& record : found) {
             for (const std::int32_t loadCase : loadCaseNumbers) {
                 record.loadCaseNumber = loadCase;
                 story.members.push_back(record);
             }
         }
+        if (!allNodesFound) {
+            LogWarning(logFile, "Node number is not set correctly. Stops setting story member...");
+            return false;
+        }
     }
     storyInfoSet = true;
+    return true;
+}
+
+bool AijCodeRoute2::FindStoryMembers(const StoryInfo& story, std::vector<StoryMember>& found) {
+    for (const std::int32_t member : memberNumbers) {
+        const MemberEnds ends = AskMemberEnds(member);
+        if (!ends.BothFound()) return false;
+        const Vec3& start = nodeCoords[*ends.start];
+        const Vec3& end = nodeCoords[*ends.end];
+        const bool startIsUpper = Vertical(start) > Vertical(end);
+        const Vec3& lower = startIsUpper ? end : start;
+        const Vec3& upper = startIsUpper ? start : end;
+        if (!(std::abs(story.lowerLevel - Vertical(lower)) < kEqualLevel &&
+              std::abs(story.upperLevel - Vertical(upper)) < kEqualLevel))
+            continue;
+
+        StoryMember record;
+        record.memberNumber = member;
+        record.lowerNodeNumber = startIsUpper ? ends.endNode : ends.startNode;
+        record.upperNodeNumber = startIsUpper ? ends.startNode : ends.endNode;
+        record.planX = lower.x;
+        record.planZ = PlanZ(lower);
+        found.push_back(record);
+    }
     return true;
 }

@@ -1,0 +1,61 @@
+// quarnel-bench-building MEMBERS STORIES LOADCASES FILE.qhm: writes a generated building as a host
+// model file, with its Route 2 Input file beside it (FILE.csv).
+
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+#include "app/compute_run.h"
+#include "bench/regular_building.h"
+#include "host/qhm_file.h"
+#include "host/remembering_host.h"
+
+namespace {
+
+class SilentStatusList : public StatusList {
+public:
+    void Clear() override {}
+    void Append(StatusText) override {}
+};
+
+// Every question of a run, and so everything that a recorded building has to answer, is
+// remembered on the way.
+void WriteBuilding(const BuildingSize& size, const std::string& modelPath) {
+    RegularBuilding building(size, modelPath);
+    const std::string inputPath =
+        std::filesystem::path(modelPath).replace_extension("csv").string();
+    std::ofstream(inputPath, std::ios::binary) << building.InputFileText();
+
+    RememberingHost host(building);
+    SilentStatusList status;
+    ReportPaths reports;
+    const RunOutcome outcome = RunCompute(
+        inputPath, [&host] { return &host; }, status, reports);
+    if (!outcome.complete) throw std::runtime_error(outcome.failure);
+    std::filesystem::remove(reports.logFile);
+    std::filesystem::remove(reports.resultFile);
+    WriteQhmFile(host.Memory(), modelPath);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::span arguments(argv, static_cast<std::size_t>(argc));
+    if (arguments.size() != 5) {
+        std::cerr << "usage: quarnel-bench-building MEMBERS STORIES LOADCASES FILE.qhm\n";
+        return 2;
+    }
+    try {
+        WriteBuilding({std::atoi(arguments[1]), std::atoi(arguments[2]), std::atoi(arguments[3])},
+                      arguments[4]);
+        return 0;
+    } catch (const std::exception& error) {
+        std::cerr << "quarnel-bench-building: " << error.what() << "\n";
+        return 1;
+    }
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "cli/exit_codes.h"
+
+/// `quarnel-cli check INPUT.csv`: a run on the running host.
+ExitCode CheckRunningHost(const std::string& inputPath);
+
+/// `quarnel-cli record INPUT.csv OUT.qhm`: a run on the running host, and everything that it asked
+/// as a host model file. A run in which a host call failed, or which ended before it had read the
+/// model, writes no file.
+ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath);

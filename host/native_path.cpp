@@ -1,0 +1,18 @@
+#include "host/native_path.h"
+
+#ifdef _WIN32
+#include "host/narrow_text.h"
+#endif
+
+std::filesystem::path NativePath(const std::string& narrow) {
+#ifdef _WIN32
+    return WideText(narrow);
+#else
+    return narrow;
+#endif
+}
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code ignored;
+    return std::filesystem::equivalent(NativePath(a), NativePath(b), ignored);
+}
