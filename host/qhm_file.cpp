@@ -26,6 +26,14 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 
 // --- Reading -------------------------------------------------------------------------------------
 
+// Text of the file for a message of one line: without line ends, and no longer than a line reads.
+std::string OneLine(std::string text, std::size_t length) {
+    if (text.size() > length) text = text.substr(0, length) + "...";
+    for (char& character : text)
+        if (static_cast<unsigned char>(character) < ' ') character = ' ';
+    return text;
+}
+
 // A value of the file and how to get there, for messages.
 class Place {
 public:
@@ -90,10 +98,12 @@ private:
         if (parent_ == nullptr) return {};
         const std::string before = parent_->KeyPath();
         if (key_.empty() && index_ != kNoIndex) return before + "[" + std::to_string(index_) + "]";
-        return before.empty() ? key_ : before + "." + key_;
+        const std::string key = OneLine(key_, kLongestKey);
+        return before.empty() ? key : before + "." + key;
     }
 
     static constexpr std::size_t kNoIndex = static_cast<std::size_t>(-1);
+    static constexpr std::size_t kLongestKey = 40;
 
     const std::string& file_;
     const Place* parent_ = nullptr;
@@ -294,13 +304,12 @@ std::string ReadWholeFile(const std::string& path) {
     return text;
 }
 
-// What the library says, less its own name and error number: "[json.exception.x.101] text".
+// What the library says, less its own name and error number: "[json.exception.x.101] text". It
+// quotes what it has read last, which can be as long as the file.
 std::string TextOfJsonError(const std::string& what) {
+    constexpr std::size_t kLongestText = 240;
     const std::size_t end = what.find("] ");
-    std::string text = end == std::string::npos ? what : what.substr(end + 2);
-    for (char& character : text)
-        if (character == '\n' || character == '\r') character = ' ';
-    return text;
+    return OneLine(end == std::string::npos ? what : what.substr(end + 2), kLongestText);
 }
 
 // --- Writing -------------------------------------------------------------------------------------
@@ -316,6 +325,12 @@ OrderedJson FiniteNumbers(const Numbers& numbers, const std::string& path, const
         if (!std::isfinite(number))
             FailToWrite(path, "the host answered a value that is not a finite number for " + of);
     return numbers;
+}
+
+// Adds a key that the object does not have yet, without looking through all its keys: large
+// models have tens of thousands.
+void AppendKey(OrderedJson& object, std::string key, OrderedJson value) {
+    object.get_ref<OrderedJson::object_t&>().emplace_back(std::move(key), std::move(value));
 }
 
 template <typename Value>
@@ -382,15 +397,17 @@ OrderedJson UnlistedMemberEntries(const RecordedModel& model, const std::string&
 OrderedJson Displacements(const RecordedModel& model, const std::string& path) {
     OrderedJson byLoadCase = OrderedJson::object();
     for (const std::int32_t loadCase : model.displacements.LoadCases()) {
-        OrderedJson& byNode = byLoadCase[std::to_string(loadCase)];
+        OrderedJson byNode = OrderedJson::object();
         for (std::size_t i = 0; i < model.nodes.size(); ++i) {
             const SixDoubles* six = model.displacements.Find(i, loadCase);
             if (six == nullptr) continue;
             const std::string node = std::to_string(model.nodes[i].number);
-            byNode[node] = FiniteNumbers(*six, path,
-                                         "the displacements of node " + node + " under load case " +
-                                             std::to_string(loadCase));
+            AppendKey(byNode, node,
+                      FiniteNumbers(*six, path,
+                                    "the displacements of node " + node + " under load case " +
+                                        std::to_string(loadCase)));
         }
+        AppendKey(byLoadCase, std::to_string(loadCase), std::move(byNode));
     }
     return byLoadCase;
 }
@@ -403,7 +420,7 @@ OrderedJson EndForces(const RecordedModel& model, const std::string& path) {
 
     OrderedJson byLoadCase = OrderedJson::object();
     for (const std::int32_t loadCase : loadCases) {
-        OrderedJson& byMember = byLoadCase[std::to_string(loadCase)];
+        OrderedJson byMember = OrderedJson::object();
         for (std::size_t i = 0; i < model.members.size(); ++i) {
             const SixDoubles* start = model.endForces[0].Find(i, loadCase);
             const SixDoubles* end = model.endForces[1].Find(i, loadCase);
@@ -415,8 +432,9 @@ OrderedJson EndForces(const RecordedModel& model, const std::string& path) {
             OrderedJson both = OrderedJson::array();
             for (const SixDoubles* six : {start, end})
                 both.push_back(FiniteNumbers(six == nullptr ? SixDoubles{} : *six, path, name));
-            byMember[member] = std::move(both);
+            AppendKey(byMember, member, std::move(both));
         }
+        AppendKey(byLoadCase, std::to_string(loadCase), std::move(byMember));
     }
     return byLoadCase;
 }

@@ -37,6 +37,8 @@ class Building:
         self.inches = rng.random() < 0.4
         # An ordinary building: columns point up, unturned, and all resist the earthquake.
         self.steady = rng.random() < 0.6
+        # Answers so large that sums of them are infinite, or not a number.
+        self.wild = rng.random() < 0.04
         self.nodes = []
         self.members = []
         self.levels = []
@@ -105,7 +107,7 @@ class Building:
         xs = self.axis(rng.choice([1, 2, 2, 3, 4]))
         zs = self.axis(rng.choice([1, 2, 2, 3]))
         support_kind = rng.choice(["all", "all", "all", "some", "none"])
-        crooked = rng.random() < 0.2
+        self.crooked = rng.random() < 0.2
         grid = {}
         for level, height in enumerate(self.levels):
             for i, x in enumerate(xs):
@@ -113,8 +115,9 @@ class Building:
                     if level > 0 and rng.random() < 0.04:
                         continue
                     off = 0.0
-                    if crooked and rng.random() < 0.15:
-                        off = rng.choice([0.04, -0.05, 0.0999, 0.1, 0.1001, -0.2, 5.0])
+                    if self.crooked and rng.random() < 0.15:
+                        off = rng.choice([0.04, -0.05, 0.0999, 0.1, 0.1, 0.1001, -0.2, 5.0,
+                                          0.005, 1e-9])
                     support = None
                     if level == 0:
                         support = (support_kind == "all"
@@ -156,15 +159,25 @@ class Building:
                     aside = grid.get((story + 1, i + rng.choice([-1, 1]), j + rng.choice([0, 0, 1])))
                     if aside is not None and rng.random() < 0.15:
                         here.append(self.add_member(low, aside))
+                    if up is not None and rng.random() < 0.05:
+                        self.split_column(story, low, up)
                     over = grid.get((story + 2, i, j))
                     if over is not None and rng.random() < 0.08:
                         self.spanning.append(self.add_member(low, over))
             self.story_members.append(here)
 
+    def split_column(self, story, low, up):
+        """Two pieces that meet somewhere in the story, often where the weight is taken."""
+        below, above = self.levels[story], self.levels[story + 1]
+        share = self.rng.choice([0.1, 0.1, 0.105, 0.095, 0.5])
+        middle = self.add_node(1234.5, below + (above - below) * share, -300.0)
+        self.spanning.append(self.add_member(low, middle))
+        self.spanning.append(self.add_member(middle, up))
+
     def make_beams(self, grid, nx, nz):
         rng = self.rng
         for level in range(len(self.levels)):
-            if level == 0 and rng.random() < 0.8:
+            if level == 0 and rng.random() < (0.4 if self.crooked else 0.8):
                 continue
             for i in range(nx):
                 for j in range(nz):
@@ -176,11 +189,11 @@ class Building:
     def spoil(self):
         """Numbers that stand twice, and what is fatal in the model itself."""
         rng = self.rng
-        if rng.random() < 0.1 and self.nodes:
+        if rng.random() < 0.15 and self.nodes:
             twin = dict(rng.choice(self.nodes))
             twin["xyz"] = [v + self.length(rng.choice([0.0, 100.0, 3000.0])) for v in twin["xyz"]]
             self.nodes.insert(rng.randrange(len(self.nodes) + 1), twin)
-        if rng.random() < 0.1 and self.members:
+        if rng.random() < 0.15 and self.members:
             twin = dict(rng.choice(self.members))
             twin["start"], twin["end"] = twin["end"], twin["start"]
             twin["beta"] = 33.0
@@ -253,8 +266,8 @@ class Building:
                 plan = [self.length(rng.choice(steps)) for _ in plan]
             elif style == "all negative":
                 plan = [-abs(round(v, digits)) for v in plan]
-            if rng.random() < 0.002:
-                plan[0] = rng.choice([1e300, -1e306, 1e-310])
+            if rng.random() < (0.1 if self.wild else 0.0005):
+                plan[0] = rng.choice([1e300, -1e306, 1e306, 1e-310])
             values = [plan[0], 0.0, plan[1], 0.0, 0.0, 0.0]
             if self.z_up:
                 values = [plan[0], plan[1], 0.0, 0.0, 0.0, 0.0]
@@ -287,8 +300,10 @@ class Building:
                 sign = 1.0 if index % 2 else -1.0
                 first = [sign * 50.0, 3.0, sign * 4.0, 1.0, 1.0, 1.0]
                 second = [-v for v in first]
-            if rng.random() < 0.001:
-                first[rng.randrange(3)] = rng.choice([1e308, -1e200, 1e-308])
+            if rng.random() < (0.4 if self.wild else 0.0005):
+                large = rng.choice([1.5e308, -1.5e308, 1e200, 1e-308])
+                first[:3] = rng.choice([[large, 0.0, 0.0], [large, large, large]])
+                second = [-v for v in first]
             listed[str(member["number"])] = [first, second]
         return listed
 
@@ -334,7 +349,7 @@ class InputFile:
         if self.fatal == "empty input":
             return rng.choice([b"", b"\n", b"\r\n"])
         if self.fatal == "only noise":
-            return rng.randbytes(rng.choice([3, 50, 500, 5000])).replace(b"\x1a", b"x")
+            return rng.randbytes(rng.choice([3, 50, 500, 5000]))
         sections = [self.load_cases(), self.levels(), self.members(), self.flags()]
         for _ in range(rng.choice([0, 1, 1, 2, 3])):
             sections.append(self.allowed())
@@ -351,8 +366,8 @@ class InputFile:
         lines = self.disturb(lines)
         if self.fatal == "too many lines":
             lines += [rng.choice([b"", b"-"])] * (100002 - len(lines))
-        elif self.odd(0.002):
-            lines = [b""] * (100001 - len(lines)) + lines
+        elif self.odd(0.006):
+            lines = [b""] * (100001 - len(lines)) + lines  # as many as there may be
         if self.fatal == "no FIN":
             if rng.random() < 0.5:
                 lines.append(rng.choice([b" FIN", b"fin", b"FI", b"\tFIN", b",FIN", b"1,FIN"]))
@@ -383,7 +398,7 @@ class InputFile:
                     [b"", b"", b"", b"x", b"1", b"9", b"no commas here", b"StoryMember",
                      b"FloorLevel", b"0", b" 1,2,", b"\t"]))
         if self.odd(0.04):
-            noise = bytes(rng.choice([b for b in range(1, 256) if b != 0x1A])
+            noise = bytes(rng.choice(range(256))
                           for _ in range(rng.choice([5, 190, 700])))
             lines.insert(rng.randrange(len(lines) + 1), noise)
         if self.odd(0.1):
@@ -475,15 +490,15 @@ class InputFile:
         known = [member["number"] for member in b.members if member["number"] != b.broken]
         for story in order:
             numbers = list(b.story_members[story])
-            if self.odd(0.1) and known:
+            if self.odd(0.15) and known:
                 numbers += rng.sample(known, min(3, len(known)))
             if self.odd(0.03) and known:
                 numbers *= rng.choice([5, 15])
             fields = [self.whole(n) for n in numbers]
             if self.odd(0.01):
                 fields.append(b"junk")
-            lines.append(self.story_number(story) + b"".join(b"," + f for f in fields)
-                         + self.comma())
+            line = self.story_number(story) + b"".join(b"," + f for f in fields) + self.comma()
+            lines.append(self.padded(line))
             if self.odd(0.04):
                 lines.append(rng.choice([b"", b"3", b"x,y,", b"0,1,", b" 1,1,", b"StoryMember,"]))
         if wanted:
@@ -498,6 +513,14 @@ class InputFile:
             return self.rng.choice([b"%d ", b"%d.5", b"%dF"]) % (story + 1)
         return b"%d" % (story + 1)
 
+    def padded(self, line):
+        """Now and then just as long as one read, or a little more or less."""
+        if not self.odd(0.08) or b"," not in line:
+            return line
+        first, rest = line.split(b",", 1)
+        blanks = self.rng.choice([197, 198, 199, 200, 201]) - len(line)
+        return first + b"," + b" " * blanks + rest
+
     def flags(self):
         rng = self.rng
         known = [member["number"] for member in self.building.members]
@@ -509,8 +532,8 @@ class InputFile:
                 numbers.append(rng.choice(story))
         if self.odd(0.2):
             numbers.append(777777)
-        return [b"MemberDeformAngle" + b"".join(b"," + self.whole(n) for n in numbers)
-                + self.comma()]
+        return [self.padded(b"MemberDeformAngle"
+                            + b"".join(b"," + self.whole(n) for n in numbers) + self.comma())]
 
     def allowed(self):
         rng = self.rng

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "app/modal_dialog.h"
+#include "app/resource.h"
+
+/// The About box: everything it shows stands in its template.
+class CAboutDlg : public ModalDialog {
+public:
+    CAboutDlg() : ModalDialog(IDD_ABOUT) {}
+};

@@ -1,0 +1,17 @@
+#include <windows.h>
+
+#include "app/message_box.h"
+#include "app/quarnel_app.h"
+
+// The dialog is the whole program: when it has closed there is no message loop to enter.
+int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/,
+                   int /*showCommand*/) {
+    try {
+        CQuarnelApp application;
+        application.InitInstance();
+        return 0;
+    } catch (...) {
+        ReportCurrentException(nullptr);
+        return 1;
+    }
+}

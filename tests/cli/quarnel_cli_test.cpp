@@ -1,0 +1,373 @@
+// The real quarnel-cli: what it prints, where, and its exit codes.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+#include "host/qhm_file.h"
+#include "host/remembering_host.h"
+#include "tests/support/run_program.h"
+#include "tests/support/small_building.h"
+#include "tests/support/status_lines.h"
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+constexpr const char* kComplete =
+    "Preparing for calculation...\nSetting load information...\nSetting node information...\n"
+    "Setting member information...\nSetting floor information...\nSetting story information...\n"
+    "Calculating relative displacements...\nCalculating story stiffness ratio...\n"
+    "Calculating ceter of gravity...\nCalculating story shear...\n"
+    "Calculating horizontal story stiffness...\nCalculating ceter of rigidity...\n"
+    "Calculating eccentricity modulus...\nSaving output...\nCalculation Complete\n"
+    "Finishes process...\nClosing error log file...\n";
+constexpr const char* kNotInitialized =
+    "Failed to initialize AijCodeRoute2...\nFinishes process...\nClosing error log file...\n";
+
+MATCHER(IsOneLine, "") {
+    const std::string text = arg;
+    return text.size() > 1 && text.size() < 1000 && text.find('\n') == text.size() - 1 &&
+           text.starts_with("quarnel-cli: ");
+}
+
+class QuarnelCli : public testing::Test {
+protected:
+    QuarnelCli() {
+        FakeHost host;
+        AddSmallBuilding(host);
+        host.modelPath = folder.Path("tower.ext");
+        model = RecordRun(host);
+        input = folder.Write("input.csv", kSmallBuildingInput);
+    }
+
+    /// A model file of what a run asks `host`.
+    std::string RecordRun(FakeHost& host) {
+        const TestFolder other;
+        host.modelPath = other.Path("tower.ext");
+        RememberingHost remembering(host);
+        StatusLines status;
+        ReportPaths reports;
+        RunCompute(
+            other.Write("input.csv", kSmallBuildingInput), [&] { return &remembering; }, status,
+            reports);
+        WriteQhmFile(remembering.Memory(), folder.Path("tower.qhm"));
+        return folder.Path("tower.qhm");
+    }
+
+    ProgramRun Cli(const std::vector<std::string>& arguments) {
+        return RunProgram(QUARNEL_CLI, arguments, output);
+    }
+    ProgramRun Check() { return Cli({"check", model, input}); }
+
+    std::set<std::string> Files() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path("")))
+            names.insert(entry.path().filename().string());
+        return names;
+    }
+
+    TestFolder folder;
+    TestFolder output;
+    std::string model;
+    std::string input;
+};
+
+/// Bytes without any order, the same every time.
+std::string Noise(std::size_t size) {
+    std::string noise(size, '\0');
+    std::uint32_t state = 12345;
+    for (char& byte : noise) {
+        state = state * 1664525u + 1013904223u;
+        byte = static_cast<char>(state >> 24);
+    }
+    return noise;
+}
+
+}  // namespace
+
+TEST_F(QuarnelCli, PrintsTheStatusLinesFirstThenTheSummary) {
+    const ProgramRun run = Check();
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_THAT(run.out, StartsWith(std::string(kComplete) + "\nStory deformation angle ("));
+    EXPECT_THAT(run.out, HasSubstr("\nStory stiffness ratio ("));
+    EXPECT_THAT(run.out, HasSubstr("\nEccentricity modulus ("));
+    EXPECT_EQ("", run.err);
+}
+
+TEST_F(QuarnelCli, SaysWhereTheReportsAreAndPutsThemBesideTheModel) {
+    const ProgramRun run = Check();
+    EXPECT_THAT(run.out, HasSubstr(folder.Path("tower.aijR2Log.txt")));
+    EXPECT_THAT(run.out, HasSubstr(folder.Path("tower.aijR2Result.csv")));
+    EXPECT_THAT(Files(), ElementsAre("input.csv", "tower.aijR2Log.txt", "tower.aijR2Result.csv",
+                                     "tower.qhm"));
+    EXPECT_THAT(folder.Read("tower.aijR2Log.txt"), HasSubstr("\n  File : " + model + "\n"));
+}
+
+// 7 / 3500 in X and 3.5 / 3500 in Z.
+TEST_F(QuarnelCli, ShowsTheVerdictsOfTheStoriesWithoutColour) {
+    const ProgramRun run = Check();
+    EXPECT_THAT(run.out, testing::ContainsRegex("\n1 +0.002 +0.005 +PASS +0.001 +0.005 +PASS"));
+    EXPECT_THAT(run.out, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(QuarnelCli, ASecondRunPrintsAndWritesTheSame) {
+    const ProgramRun first = Check();
+    const std::string log = folder.Read("tower.aijR2Log.txt");
+    const std::string csv = folder.Read("tower.aijR2Result.csv");
+    EXPECT_EQ(first.out, Check().out);
+    EXPECT_EQ(log, folder.Read("tower.aijR2Log.txt"));
+    EXPECT_EQ(csv, folder.Read("tower.aijR2Result.csv"));
+}
+
+TEST_F(QuarnelCli, ChecksTheExampleBuildings) {
+    for (const char* name : {"two_story_y_up", "five_story_office_z_up"}) {
+        const std::string stem = std::string(QUARNEL_SOURCE_DIR "/examples/") + name;
+        model = folder.Write(std::string(name) + ".qhm", ReadText(stem + ".qhm"));
+        input = folder.Write(std::string(name) + ".csv", ReadText(stem + ".csv"));
+        const ProgramRun run = Check();
+        EXPECT_EQ(0, run.exitCode) << name;
+        EXPECT_THAT(run.out, StartsWith(kComplete));
+        EXPECT_EQ("", run.err);
+    }
+}
+
+TEST_F(QuarnelCli, WithoutAnalysisResultsEndsWithOne) {
+    FakeHost host;
+    host.resultsAvailable = false;
+    model = RecordRun(host);
+    const ProgramRun run = Check();
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_THAT(run.out, StartsWith("ORVEK analysis results are not available.\n"
+                                    "Please run analysis first.\nFinishes process...\n"
+                                    "Closing error log file...\n"));
+    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_FALSE(folder.Has("tower.aijR2Result.csv"));
+}
+
+TEST_F(QuarnelCli, AMissingInputFileEndsWithOneAndWritesNothing) {
+    input = folder.Path("gone.csv");
+    const ProgramRun run = Check();
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_EQ("Input does not exist\n", run.out);
+    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_THAT(run.err, HasSubstr(input));
+    EXPECT_THAT(Files(), ElementsAre("input.csv", "tower.qhm"));
+}
+
+TEST_F(QuarnelCli, AnEmptyInputPathIsNotSpecified) {
+    input.clear();
+    const ProgramRun run = Check();
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_EQ("Input not specified!\n", run.out);
+    EXPECT_THAT(run.err, IsOneLine());
+}
+
+TEST_F(QuarnelCli, AnInputThatCannotBeReadToItsEndEndsWithOne) {
+    std::filesystem::create_directory(folder.Path("inputs"));
+    for (const std::string& path : {folder.Path("inputs"), folder.Write("empty.csv", ""),
+                                    folder.Write("noise.csv", Noise(300000)),
+                                    folder.Write("zeros.csv", std::string(100000, '\0')), model}) {
+        input = path;
+        const ProgramRun run = Check();
+        EXPECT_EQ(1, run.exitCode) << path;
+        EXPECT_THAT(run.out, StartsWith(kNotInitialized)) << path;
+        EXPECT_THAT(run.err, IsOneLine()) << path;
+    }
+}
+
+TEST_F(QuarnelCli, AnInputOfAMillionLinesEndsWithOne) {
+    std::string text;
+    for (int i = 0; i < 1000000; ++i)
+        text += "# a line\n";
+    input = folder.Write("long.csv", text + "FIN\n");
+    const ProgramRun run = Check();
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_THAT(run.out, StartsWith(kNotInitialized));
+    EXPECT_THAT(run.out, HasSubstr("Data file line number is too large."));
+    EXPECT_THAT(run.err, IsOneLine());
+}
+
+TEST_F(QuarnelCli, AnInputOfOneEndlessLineEndsWithOne) {
+    constexpr std::size_t kSize = 50 * 1000 * 1000;
+    for (const char character : {'x', ','}) {
+        input = folder.Write("endless.csv", std::string(kSize, character));
+        const ProgramRun run = Check();
+        EXPECT_EQ(1, run.exitCode);
+        EXPECT_THAT(run.out, StartsWith(kNotInitialized));
+        EXPECT_THAT(run.err, IsOneLine());
+        EXPECT_EQ(kSize, std::filesystem::file_size(input));
+    }
+}
+
+TEST_F(QuarnelCli, AModelThatCannotBeReadEndsWithTwoAndOneLineThatNamesIt) {
+    std::filesystem::create_directory(folder.Path("folder.qhm"));
+    const std::string head = "{\"format\": \"quarnel-host-model\", \"version\": 1";
+    for (const std::string& path :
+         {folder.Path("gone.qhm"), folder.Path("folder.qhm"), folder.Path("tower.qhm/inside.qhm"),
+          folder.Write("empty.qhm", ""), folder.Write("noise.qhm", Noise(100000)),
+          folder.Write("endless.qhm", "\"" + std::string(1000000, 'x')),
+          folder.Write("deep.qhm", std::string(100000, '[')),
+          folder.Write("cut.qhm", folder.Read("tower.qhm").substr(0, 500)), input,
+          folder.Write("type.qhm", head + ", \"zUp\": 1}")}) {
+        const ProgramRun run = Cli({"check", path, input});
+        EXPECT_EQ(2, run.exitCode) << path;
+        EXPECT_EQ("", run.out) << path;
+        EXPECT_THAT(run.err, IsOneLine()) << path;
+        EXPECT_THAT(run.err, HasSubstr(path));
+    }
+}
+
+TEST_F(QuarnelCli, AWrongTypeDeepInsideTheModelIsNamedWithItsPlace) {
+    model = folder.Write("deep.qhm",
+                         "{\"format\": \"quarnel-host-model\", \"version\": 1, \"endForces\": "
+                         "{\"2\": {\"1\": [[1,2,3,4,5,6], [1,2,\"3\",4,5,6]]}}}");
+    const ProgramRun run = Check();
+    EXPECT_EQ(2, run.exitCode);
+    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_THAT(run.err, HasSubstr(model + ": endForces.2.1[1][2]: expected a number"));
+    EXPECT_FALSE(folder.Has("deep.aijR2Log.txt"));
+}
+
+TEST_F(QuarnelCli, AFolderInPlaceOfTheLogEndsWithOne) {
+    std::filesystem::create_directory(folder.Path("tower.aijR2Log.txt"));
+    const ProgramRun run = Check();
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_EQ(kNotInitialized, run.out);
+    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_THAT(run.err, HasSubstr(folder.Path("tower.aijR2Log.txt")));
+}
+
+TEST_F(QuarnelCli, AFolderInPlaceOfTheResultsIsAWarningOfACompleteRun) {
+    std::filesystem::create_directory(folder.Path("tower.aijR2Result.csv"));
+    const ProgramRun run = Check();
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_THAT(run.out, StartsWith(kComplete));
+    EXPECT_THAT(run.out,
+                HasSubstr("Cannot open result file " + folder.Path("tower.aijR2Result.csv") + "."));
+}
+
+TEST_F(QuarnelCli, AnExceptionInAStepEndsWithOneAndStillShowsTheLog) {
+    FakeHost host;
+    AddSmallBuilding(host);
+    model = RecordRun(host);
+    std::string text = folder.Read("tower.qhm");
+    const std::string beam = "\"number\":9,\"start\":11,\"end\":12";
+    const std::size_t at = text.find(beam);
+    ASSERT_NE(std::string::npos, at);
+    text.replace(at, beam.size(), "\"number\":9,\"start\":11,\"end\":99");
+    folder.Write("tower.qhm", text);
+    const ProgramRun run = Check();
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_THAT(run.out, HasSubstr("Setting floor information...\nException was thrown...\n"
+                                   "Finishes process...\nClosing error log file...\n"));
+    EXPECT_THAT(run.out, HasSubstr("Node number is not set correctly as setting floor..."));
+    EXPECT_THAT(run.err, IsOneLine());
+}
+
+TEST_F(QuarnelCli, WrongUsageEndsWithTwoAndOneLine) {
+    const std::vector<std::string> usages[] = {
+        {},
+        {"check"},
+        {"check", model},
+        {"check", model, input, "more"},
+        {"check", "--no-such-option", model, input},
+        {"no-such-command"},
+        {"--no-such-option"},
+    };
+    for (const auto& usage : usages) {
+        const ProgramRun run = Cli(usage);
+        EXPECT_EQ(2, run.exitCode) << testing::PrintToString(usage);
+        EXPECT_EQ("", run.out) << testing::PrintToString(usage);
+        EXPECT_THAT(run.err, IsOneLine()) << testing::PrintToString(usage);
+    }
+    EXPECT_THAT(Files(), ElementsAre("input.csv", "tower.qhm"));
+}
+
+TEST_F(QuarnelCli, HelpTeachesTheCommandItsExitCodesAndTheInputFile) {
+    for (const auto& arguments :
+         {std::vector<std::string>{"--help"}, std::vector<std::string>{"check", "--help"}}) {
+        const ProgramRun run = Cli(arguments);
+        EXPECT_EQ(0, run.exitCode);
+        EXPECT_THAT(run.out, HasSubstr("quarnel-cli check "));
+        EXPECT_THAT(run.out, HasSubstr("Exit codes:"));
+        EXPECT_THAT(run.out, HasSubstr("FIN"));
+        EXPECT_EQ("", run.err);
+    }
+    const std::string help = Cli({"check", "--help"}).out;
+    EXPECT_THAT(help, HasSubstr("MODEL.qhm"));
+    EXPECT_THAT(help, HasSubstr("INPUT.csv"));
+}
+
+TEST_F(QuarnelCli, VersionIsOneLine) {
+    const ProgramRun run = Cli({"--version"});
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_THAT(run.out, testing::MatchesRegex("quarnel-cli [0-9.]+\n"));
+    EXPECT_EQ("", run.err);
+}
+
+TEST_F(QuarnelCli, AnInputThatTheRunWouldOverwriteIsRefusedAndKept) {
+    Check();
+    for (const char* report : {"tower.aijR2Log.txt", "tower.aijR2Result.csv"}) {
+        const std::string before = folder.Read(report);
+        const ProgramRun run = Cli({"check", model, folder.Path(report)});
+        EXPECT_EQ(2, run.exitCode);
+        EXPECT_EQ("", run.out);
+        EXPECT_THAT(run.err, IsOneLine());
+        EXPECT_THAT(run.err, HasSubstr(folder.Path(report)));
+        EXPECT_EQ(before, folder.Read(report));
+    }
+}
+
+// Line 4 has no comma right after the earthquake line: both cases become 3.
+TEST_F(QuarnelCli, CautionsAboutALineThatChangesTheLoadCasesWithItsNumber) {
+    input = folder.Write("caution.csv",
+                         "# remarks,\nDeadLoadCaseNumber,1,\n"
+                         "EarthquakeLoadCaseNumber,2,3,\n\nFIN\n");
+    const ProgramRun run = Check();
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_THAT(run.out, StartsWith(kComplete));
+    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_THAT(run.err, HasSubstr("caution"));
+    EXPECT_THAT(run.err, HasSubstr(input + ", line 4:"));
+    EXPECT_THAT(folder.Read("tower.aijR2Log.txt"),
+                HasSubstr("  Earthquake load( X direc. ) case number : 3\n"
+                          "  Earthquake load( Z or Y direc. ) case number : 3\n"));
+}
+
+// Line 2 makes both cases 3, line 3 changes nothing any more, line 6 makes both 5.
+TEST_F(QuarnelCli, CautionsOncePerLineThatChangesTheLoadCases) {
+    input = folder.Write("caution.csv",
+                         "EarthquakeLoadCaseNumber,2,3,\r\nremark\r\n\r\nDeadLoadCaseNumber,1,\r\n"
+                         "EarthquakeLoadCaseNumber,4,5,\r\nremark\r\nFIN\r\n");
+    const ProgramRun run = Check();
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_THAT(run.err, HasSubstr(", line 2:"));
+    EXPECT_THAT(run.err, HasSubstr(", line 6:"));
+    EXPECT_EQ(2, std::count(run.err.begin(), run.err.end(), '\n'));
+}
+
+TEST_F(QuarnelCli, DoesNotCautionAboutOtherLinesWithoutAComma) {
+    input = folder.Write("quiet.csv",
+                         "remark\n\nDeadLoadCaseNumber,1,\n\n"
+                         "EarthquakeLoadCaseNumber,2,3,\n# end,\nremark\nFIN\n");
+    EXPECT_EQ("", Check().err);
+}
+
+// A relative path without a folder: the reports go into the current folder.
+TEST_F(QuarnelCli, TakesRelativePaths) {
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path(""));
+    const ProgramRun run = Cli({"check", "tower.qhm", "input.csv"});
+    std::filesystem::current_path(before);
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_THAT(Files(), ElementsAre("input.csv", "tower.aijR2Log.txt", "tower.aijR2Result.csv",
+                                     "tower.qhm"));
+}

@@ -1,0 +1,82 @@
+#!/usr/bin/env python3
+"""Builds the manual as one page and checks that it stands alone.
+
+    check_manual_page.py
+
+Everything it shows is in the file, its links lead to places of its own, and its formulas are
+MathML, which needs no script.
+"""
+
+import html.parser
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+from markdown import ROOT, fail_with
+
+
+class Page(html.parser.HTMLParser):
+    def __init__(self):
+        super().__init__()
+        self.ids, self.links, self.sources = set(), [], []
+        self.formulas = 0
+        self.tags = set()
+        self.text = []
+        self.skipped = 0  # depth within elements whose text is no text of the page
+
+    def handle_starttag(self, tag, attributes):
+        attributes = dict(attributes)
+        self.tags.add(tag)
+        self.ids.add(attributes.get("id"))
+        if tag == "a":
+            self.links.append(attributes.get("href", ""))
+        elif tag == "math":
+            self.formulas += 1
+        elif tag == "link":
+            self.sources.append(attributes.get("href", ""))
+        if "src" in attributes:
+            self.sources.append(attributes["src"])
+        if tag in ("style", "script", "code", "annotation"):
+            self.skipped += 1
+
+    def handle_endtag(self, tag):
+        if tag in ("style", "script", "code", "annotation"):
+            self.skipped -= 1
+
+    def handle_data(self, data):
+        if not self.skipped:
+            self.text.append(data)
+
+
+def problems_of(page):
+    for link in page.links:
+        if link.startswith("#"):
+            if link[1:] not in page.ids:
+                yield f"no place of the page is called {link}"
+        elif "://" not in link:
+            yield f"the page links to the file {link}"
+    for source in page.sources:
+        if not source.startswith("data:"):
+            yield f"the page needs {source[:80]}"
+    if "script" in page.tags:
+        yield "the page needs a script"
+    if "$" in "".join(page.text):
+        yield "a formula was left as text"
+    if page.formulas < 20:
+        yield f"the page has {page.formulas} formulas only"
+    if not any(source.startswith("data:image/svg") for source in page.sources):
+        yield "the drawing of a story is missing"
+
+
+def main():
+    with tempfile.TemporaryDirectory() as folder:
+        path = pathlib.Path(folder) / "manual.html"
+        subprocess.run([ROOT / "scripts" / "build-manual.sh", path], check=True)
+        page = Page()
+        page.feed(path.read_text(encoding="utf-8"))
+    return fail_with(problems_of(page))
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,81 @@
+#include "host/recorded_model.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr SixDoubles kOne{1, 1, 1, 1, 1, 1};
+constexpr SixDoubles kTwo{2, 2, 2, 2, 2, 2};
+
+}  // namespace
+
+TEST(AnswerTable, IsEmptyAtFirst) {
+    const AnswerTable table;
+    EXPECT_EQ(nullptr, table.Find(0, 1));
+    EXPECT_EQ(0u, table.size());
+    EXPECT_THAT(table.LoadCases(), IsEmpty());
+}
+
+TEST(AnswerTable, FindsWhatWasStoredForThatPositionAndLoadCaseOnly) {
+    AnswerTable table;
+    table.Store(3, 7, kOne);
+    table.Store(5, 8, kTwo);
+    ASSERT_NE(nullptr, table.Find(3, 7));
+    EXPECT_EQ(kOne, *table.Find(3, 7));
+    EXPECT_EQ(kTwo, *table.Find(5, 8));
+    EXPECT_EQ(nullptr, table.Find(3, 8));
+    EXPECT_EQ(nullptr, table.Find(5, 7));
+    EXPECT_EQ(nullptr, table.Find(2, 7));
+    EXPECT_EQ(nullptr, table.Find(1000000, 7));
+}
+
+TEST(AnswerTable, ASecondAnswerReplacesTheFirst) {
+    AnswerTable table;
+    table.Store(0, 1, kOne);
+    table.Store(0, 1, kTwo);
+    EXPECT_EQ(kTwo, *table.Find(0, 1));
+    EXPECT_EQ(1u, table.size());
+}
+
+TEST(AnswerTable, GivesItsLoadCasesAscending) {
+    AnswerTable table;
+    for (const std::int32_t loadCase : {101, -5, 2, std::numeric_limits<std::int32_t>::max()})
+        table.Store(0, loadCase, kOne);
+    EXPECT_THAT(table.LoadCases(),
+                ElementsAre(-5, 2, 101, std::numeric_limits<std::int32_t>::max()));
+}
+
+TEST(RecordedModel, AddsEveryNumberOnceInFirstOrder) {
+    RecordedModel model;
+    EXPECT_EQ(0u, model.AddNode(9));
+    EXPECT_EQ(1u, model.AddNode(-4));
+    EXPECT_EQ(0u, model.AddNode(9));
+    EXPECT_EQ(2u, model.nodes.size());
+    EXPECT_EQ(9, model.nodes[0].number);
+    EXPECT_EQ(-4, model.nodes[1].number);
+}
+
+TEST(RecordedModel, KeepsNodesAndMembersOfTheSameNumberApart) {
+    RecordedModel model;
+    model.AddNode(1);
+    EXPECT_EQ(0u, *model.FindNode(1));
+    EXPECT_EQ(std::nullopt, model.FindMember(1));
+    model.AddMember(2);
+    model.AddMember(1);
+    EXPECT_EQ(1u, *model.FindMember(1));
+    EXPECT_EQ(std::nullopt, model.FindNode(2));
+}
+
+TEST(RecordedModel, HasNoAnswersAtFirst) {
+    const RecordedModel model;
+    EXPECT_EQ(std::nullopt, model.modelPath);
+    EXPECT_EQ(std::nullopt, model.baseUnitSystem);
+    EXPECT_EQ(std::nullopt, model.nodeList);
+    EXPECT_EQ(std::nullopt, model.FindNode(0));
+}

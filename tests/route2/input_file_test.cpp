@@ -1,0 +1,543 @@
+#include "route2/input_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <limits>
+
+#include "tests/support/test_folder.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A file of the given bytes, opened for reading.
+struct Input {
+    explicit Input(const std::string& bytes) : file(folder.Write("input.csv", bytes)) {}
+
+    void ReadLines(int count) {
+        for (int i = 0; i < count; ++i)
+            file.ReadLine();
+    }
+
+    TestFolder folder;
+    InputFile file;
+};
+
+std::string Repeated(const std::string& text, std::size_t times) {
+    std::string all;
+    for (std::size_t i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+// The reading loop over a file of the given bytes, with what it handed out and wrote.
+struct Loop {
+    explicit Loop(const std::string& bytes) : path(folder.Write("input.csv", bytes)) {}
+
+    bool Run(const std::function<LineResult(InputFile&)>& processLine) {
+        std::FILE* log = std::fopen(folder.Path("log.txt").c_str(), "w");
+        const bool result = ReadInputFile(log, path, "Too many lines.", [&](InputFile& line) {
+            ++linesHandedOut;
+            return processLine(line);
+        });
+        std::fclose(log);
+        return result;
+    }
+    bool RunToTheEnd() {
+        return Run([](InputFile&) { return LineResult::kGoOn; });
+    }
+    std::string Log() const { return folder.Read("log.txt"); }
+
+    TestFolder folder;
+    std::string path;
+    int linesHandedOut = 0;
+};
+
+std::vector<std::size_t> LinesThatRepeatACase(const std::string& bytes) {
+    const TestFolder folder;
+    return FindLinesThatRepeatEarthquakeCase(folder.Write("input.csv", bytes));
+}
+
+}  // namespace
+
+// --- Fields
+
+TEST(InputFileFields, RunFromCommaToCommaOrLineFeed) {
+    Input input("StoryMember,11,12,13\n");
+    input.file.ReadLine();
+    EXPECT_EQ("StoryMember", input.file.Keyword());
+    EXPECT_EQ("11", input.file.Value(1));
+    EXPECT_EQ("12", input.file.Value(2));
+    EXPECT_EQ("13", input.file.Value(3));
+}
+
+TEST(InputFileFields, OfAListEndBeforeTheTextAfterTheLastComma) {
+    Input input("FloorLevel,0,3500,7000\nFloorLevel,0,3500,7000,\nFloorLevel,\nFloorLevel\n");
+    input.file.ReadLine();
+    EXPECT_EQ(3u, input.file.ListEnd());  // fields 1 and 2
+    input.file.ReadLine();
+    EXPECT_EQ(4u, input.file.ListEnd());  // fields 1 to 3
+    input.file.ReadLine();
+    EXPECT_EQ(1u, input.file.ListEnd());  // none
+    input.file.ReadLine();
+    EXPECT_EQ(0u, input.file.ListEnd());  // none
+    EXPECT_FALSE(input.file.HasComma());
+}
+
+TEST(InputFileFields, KeepBlanksAndQuotesAsTheyAre) {
+    Input input(" FloorLevel ,\" 1\", 2\n");
+    input.file.ReadLine();
+    EXPECT_EQ(" FloorLevel ", input.file.Keyword());
+    EXPECT_EQ("\" 1\"", input.file.Value(1));
+    EXPECT_EQ(" 2", input.file.Value(2));
+}
+
+TEST(InputFileFields, MayBeEmpty) {
+    Input input(",,\n");
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.HasComma());
+    EXPECT_EQ("", input.file.Keyword());
+    EXPECT_EQ("", input.file.Value(1));
+    EXPECT_EQ("", input.file.Value(2));
+}
+
+TEST(InputFileFields, StartEmptyWhenTheFirstLineHasNoComma) {
+    Input input("StoryMember\n");
+    input.file.ReadLine();
+    EXPECT_EQ("", input.file.Keyword());
+    EXPECT_EQ("", input.file.Value(1));
+}
+
+TEST(InputFileFields, OfALineWithoutACommaAreThoseOfTheLastLineWithOne) {
+    Input input("DeadLoadCaseNumber,7,\n\n# a remark\n5\n");
+    input.file.ReadLine();
+    EXPECT_EQ("7", input.file.Value(1));
+    for (int i = 0; i < 3; ++i) {
+        input.file.ReadLine();
+        EXPECT_EQ("DeadLoadCaseNumber", input.file.Keyword());
+        EXPECT_EQ("7", input.file.Value(1));
+    }
+}
+
+TEST(InputFileFields, KeepTheValueReadLastWhenTheLineHasTooFewCommas) {
+    Input input("A,1,2,3,\nB,4\n");
+    input.file.ReadLine();
+    EXPECT_EQ("3", input.file.Value(3));
+    input.file.ReadLine();
+    EXPECT_EQ("B", input.file.Keyword());
+    EXPECT_EQ("3", input.file.Value(2));
+    EXPECT_EQ("4", input.file.Value(1));
+    EXPECT_EQ("4", input.file.Value(2));
+}
+
+// --- Kinds of lines
+
+TEST(InputFileLines, EndTheDataWhenTheyBeginWithFin) {
+    for (const char* line : {"FIN", "FIN\n", "FIN\r\n", "FINISH\n", "FIN,1,\n", "FINal words\n"}) {
+        Input input(line);
+        input.file.ReadLine();
+        EXPECT_TRUE(input.file.IsFin()) << line;
+    }
+}
+
+TEST(InputFileLines, DoNotEndTheDataWhenFinIsWrittenOtherwise) {
+    for (const char* line :
+         {"", "\n", "FI\n", "FI", " FIN\n", "fin\n", "Fin\n", ",FIN\n", "\"FIN"}) {
+        Input input(line);
+        input.file.ReadLine();
+        EXPECT_FALSE(input.file.IsFin()) << line;
+    }
+}
+
+TEST(InputFileLines, AreStoryLinesWhenTheyBeginWithADigitFrom1To9) {
+    for (const char* line : {"1,2,\n", "9,\n", "5\n", "3storeys,1,\n", "10,1,\n"}) {
+        Input input(line);
+        input.file.ReadLine();
+        EXPECT_TRUE(input.file.StartsWithStoryNumber()) << line;
+    }
+    for (const char* line : {"", "\n", "0,1,\n", "01,1,\n", " 1,1,\n", "-1,1,\n", "+1,1,\n",
+                             ",1,\n", "a1,\n", ":,1,\n", "/,1,\n"}) {
+        Input input(line);
+        input.file.ReadLine();
+        EXPECT_FALSE(input.file.StartsWithStoryNumber()) << line;
+    }
+}
+
+// --- The limit of 199 characters
+
+TEST(InputFileLines, OfMoreThan199CharactersGoOnAsALineOfTheirOwn) {
+    // "1," and 197 times "x" are 199 characters; "2,7,\n" is what is left.
+    Input input("1," + std::string(197, 'x') + "2,7,\nFIN\n");
+    input.file.ReadLine();
+    EXPECT_EQ("1", input.file.Keyword());
+    EXPECT_EQ(std::string(197, 'x'), input.file.Value(1));
+    input.file.ReadLine();
+    EXPECT_EQ("2", input.file.Keyword());
+    EXPECT_EQ("7", input.file.Value(1));
+    EXPECT_TRUE(input.file.StartsWithStoryNumber());
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileLines, OfExactly199CharactersAreFollowedByAnEmptyLine) {
+    Input input("A," + std::string(197, 'x') + "\nFIN\n");
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.HasComma());
+    input.file.ReadLine();
+    EXPECT_FALSE(input.file.HasComma());
+    EXPECT_FALSE(input.file.IsFin());
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileLines, Of198CharactersAndTheirLineFeedAreOneLine) {
+    Input input("A," + std::string(196, 'x') + "\nFIN\n");
+    input.ReadLines(2);
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileLines, AreCutInThreeWhenTheyAreLongEnough) {
+    // 2 x 199 characters and then FIN, which so stands at the beginning of a line.
+    Input input(std::string(398, 'x') + "FIN");
+    input.ReadLines(2);
+    EXPECT_FALSE(input.file.IsFin());
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileLines, CutInAFieldGiveTheFieldUpToTheCut) {
+    // 195 + 1 + 3 = 199 characters end within the number 12345.
+    Input input(std::string(195, 'k') + ",12345,\n");
+    input.file.ReadLine();
+    EXPECT_EQ("123", input.file.Value(1));
+    input.file.ReadLine();
+    EXPECT_EQ("45", input.file.Keyword());
+    EXPECT_TRUE(input.file.StartsWithStoryNumber());
+}
+
+TEST(InputFileLines, CutRightBehindACommaHaveAnEmptyLastField) {
+    Input input(std::string(198, 'k') + ",12\n");
+    input.file.ReadLine();
+    EXPECT_EQ("", input.file.Value(1));
+    input.file.ReadLine();
+    EXPECT_FALSE(input.file.HasComma());
+    EXPECT_TRUE(input.file.StartsWithStoryNumber());
+}
+
+// --- Carriage returns
+
+TEST(InputFileCarriageReturns, BeforeALineFeedAreNotPartOfAField) {
+    Input input("DeadLoadCaseNumber,5\r\nFIN\r\n");
+    input.file.ReadLine();
+    EXPECT_EQ("5", input.file.Value(1));
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileCarriageReturns, BeforeALineFeedAreNotCounted) {
+    // 198 characters, as with a line feed alone.
+    Input input("A," + std::string(196, 'x') + "\r\nFIN\r\n");
+    input.ReadLines(2);
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileCarriageReturns, AfterExactly199CharactersLeaveAnEmptyLine) {
+    Input input("A," + std::string(197, 'x') + "\r\nFIN\r\n");
+    input.ReadLines(2);
+    EXPECT_FALSE(input.file.HasComma());
+    EXPECT_FALSE(input.file.IsFin());
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileCarriageReturns, ElsewhereAreOrdinaryCharacters) {
+    Input input("A\rB,1\r2,3\r\r\nFIN");
+    input.file.ReadLine();
+    EXPECT_EQ("A\rB", input.file.Keyword());
+    EXPECT_EQ("1\r2", input.file.Value(1));
+    EXPECT_EQ("3\r", input.file.Value(2));  // the second one stands before the line feed
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileCarriageReturns, ElsewhereCountAmongThe199Characters) {
+    // 2 + 197 carriage returns are 199 characters.
+    Input input("A," + std::string(197, '\r') + "FIN\n");
+    input.ReadLines(2);
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileCarriageReturns, AtTheEndOfTheFileStay) {
+    Input input("A,1\r");
+    input.file.ReadLine();
+    EXPECT_EQ("1\r", input.file.Value(1));
+}
+
+// --- The end of the file
+
+TEST(InputFileEnd, RepeatsTheLastLine) {
+    Input input("A,1,\nB,2,\n");
+    input.ReadLines(2);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ("B", input.file.Keyword());
+        EXPECT_EQ("2", input.file.Value(1));
+        EXPECT_EQ(3u - 1u, input.file.ListEnd());
+        input.file.ReadLine();
+    }
+}
+
+TEST(InputFileEnd, MayCutTheLastLineShort) {
+    Input input("A,1,\nB,23");
+    input.ReadLines(2);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ("B", input.file.Keyword());
+        EXPECT_EQ("23", input.file.Value(1));
+        input.file.ReadLine();
+    }
+}
+
+TEST(InputFileEnd, OfAnEmptyFileIsAnEmptyLine) {
+    Input input("");
+    ASSERT_TRUE(input.file.IsOpen());
+    for (int i = 0; i < 2; ++i) {
+        input.file.ReadLine();
+        EXPECT_FALSE(input.file.IsFin());
+        EXPECT_FALSE(input.file.HasComma());
+        EXPECT_FALSE(input.file.StartsWithStoryNumber());
+        EXPECT_EQ("", input.file.Keyword());
+        EXPECT_EQ("", input.file.Value(1));
+    }
+}
+
+TEST(InputFileEnd, IsNotAtTheCharacterThatOnceEndedTextFiles) {
+    Input input("A,1\x1a,2\nFIN\n");
+    input.file.ReadLine();
+    EXPECT_EQ("2", input.file.Value(2));
+    input.file.ReadLine();
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileOpening, FailsForAMissingFileAndForAFolder) {
+    const TestFolder folder;
+    std::filesystem::create_directory(folder.Path("folder"));
+    EXPECT_FALSE(InputFile(folder.Path("missing.csv")).IsOpen());
+    EXPECT_FALSE(InputFile(folder.Path("folder")).IsOpen());
+    EXPECT_FALSE(InputFile("").IsOpen());
+}
+
+TEST(InputFileNoise, OfEveryByteIsReadAsLines) {
+    std::string bytes;
+    for (int byte = 0; byte < 256; ++byte)
+        bytes.push_back(static_cast<char>(byte));
+    Input input(bytes + std::string(3, '\0') + "\nFIN\n");
+    int lines = 0;
+    // 256 characters with one line feed among them, cut at 199, and 4 more: a handful of lines.
+    for (input.file.ReadLine(); !input.file.IsFin() && lines < 100; input.file.ReadLine()) {
+        ++lines;
+        input.file.Value(1);
+    }
+    EXPECT_TRUE(input.file.IsFin());
+}
+
+TEST(InputFileLines, AreNumberedAsAnEditorCounts) {
+    Input input(std::string(450, 'x') + "\nB,\n");
+    input.file.ReadLine();
+    EXPECT_EQ(1u, input.file.LineNumber());
+    input.ReadLines(2);  // the second and third piece of line 1
+    EXPECT_EQ(1u, input.file.LineNumber());
+    input.file.ReadLine();
+    EXPECT_EQ(2u, input.file.LineNumber());
+    input.file.ReadLine();  // the end of the file
+    EXPECT_EQ(2u, input.file.LineNumber());
+}
+
+// --- Numbers
+
+TEST(ToInteger, ReadsTheNumberAtTheStart) {
+    const struct {
+        const char* text;
+        std::int32_t number;
+    } cases[] = {{"7", 7},
+                 {"  7", 7},
+                 {"\t7", 7},
+                 {"-3", -3},
+                 {"+4", 4},
+                 {"007", 7},
+                 {"12ab", 12},
+                 {"3.9", 3},
+                 {"1e3", 1},
+                 {"5 6", 5},
+                 {"", 0},
+                 {"abc", 0},
+                 {" ", 0},
+                 {"- 3", 0},
+                 {"--3", 0},
+                 {"0x10", 0},
+                 {"\"8\"", 0},
+                 {"\r9", 9},
+                 {"2147483647", 2147483647}};
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(number, ToInteger(text)) << "'" << text << "'";
+}
+
+TEST(ToInteger, StopsAtTheEndsOf32Bits) {
+    constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
+    EXPECT_EQ(kHighest, ToInteger("2147483648"));
+    EXPECT_EQ(kHighest, ToInteger("4294967297"));  // 2^32 + 1
+    EXPECT_EQ(kHighest, ToInteger("99999999999999999999999"));
+    EXPECT_EQ(kLowest, ToInteger("-2147483648"));
+    EXPECT_EQ(kLowest, ToInteger("-2147483649"));
+    EXPECT_EQ(kLowest, ToInteger("-99999999999999999999999"));
+}
+
+TEST(ToReal, ReadsTheNumberAtTheStart) {
+    const struct {
+        const char* text;
+        double number;
+    } cases[] = {{"3500", 3500.0},   {"  0.004", 0.004}, {"-2.5", -2.5},  {"+2.5", 2.5},
+                 {".5", 0.5},        {"5.", 5.0},        {"1e3", 1000.0}, {"1.5E-2x", 0.015},
+                 {"3500mm", 3500.0}, {"1,5", 1.0},       {"1e", 1.0},     {"1.2.3", 1.2},
+                 {"", 0.0},          {"abc", 0.0},       {"-", 0.0},      {".", 0.0},
+                 {"\r7", 7.0},       {"1d3", 1.0}};
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(number, ToReal(text)) << "'" << text << "'";
+}
+
+TEST(ToReal, ReadsWhatIsNoOrdinaryNumber) {
+    EXPECT_TRUE(std::isnan(ToReal("nan")));
+    EXPECT_EQ(std::numeric_limits<double>::infinity(), ToReal("inf"));
+    EXPECT_EQ(-std::numeric_limits<double>::infinity(), ToReal("-Infinity"));
+    EXPECT_EQ(std::numeric_limits<double>::infinity(), ToReal("1e999"));
+    EXPECT_EQ(0.0, ToReal("1e-999"));
+    EXPECT_EQ(16.0, ToReal("0x10"));
+}
+
+// --- The reading loop
+
+TEST(ReadInputFile, HandsOutTheLinesBeforeFin) {
+    Loop loop("A,1,\n\nB,2,\nFIN\nC,3,\n");
+    std::vector<std::string> keywords;
+    EXPECT_TRUE(loop.Run([&](InputFile& line) {
+        keywords.push_back(line.Keyword());
+        return LineResult::kGoOn;
+    }));
+    EXPECT_THAT(keywords, ElementsAre("A", "A", "B"));
+    EXPECT_EQ("", loop.Log());
+}
+
+TEST(ReadInputFile, EndsWhereTheReaderHasWhatItCameFor) {
+    Loop loop("A,1,\nB,2,\n");  // no FIN line is needed then
+    EXPECT_TRUE(loop.Run([](InputFile&) { return LineResult::kFinish; }));
+    EXPECT_EQ(1, loop.linesHandedOut);
+    EXPECT_EQ("", loop.Log());
+}
+
+TEST(ReadInputFile, FailsWhenTheReaderFails) {
+    Loop loop("A,1,\nB,2,\nFIN\n");
+    EXPECT_FALSE(loop.Run([](InputFile&) { return LineResult::kFail; }));
+    EXPECT_EQ(1, loop.linesHandedOut);
+    EXPECT_EQ("", loop.Log());
+}
+
+TEST(ReadInputFile, AcceptsAFinLineBehind100001OtherLines) {
+    Loop loop(Repeated("x\n", 100001) + "FIN\n");
+    EXPECT_TRUE(loop.RunToTheEnd());
+    EXPECT_EQ(100001, loop.linesHandedOut);
+    EXPECT_EQ("", loop.Log());
+}
+
+TEST(ReadInputFile, RefusesAFinLineBehind100002OtherLines) {
+    Loop loop(Repeated("x\n", 100002) + "FIN\n");
+    EXPECT_FALSE(loop.RunToTheEnd());
+    EXPECT_EQ(100002, loop.linesHandedOut);  // the last one is still looked at
+    EXPECT_EQ("\n*** WARNING *** : Too many lines.\n", loop.Log());
+}
+
+TEST(ReadInputFile, FailsWithoutAFinLine) {
+    for (const char* bytes : {"", "\n", "A,1,\n", "A,1,\nFI", "A,1,\n FIN\n"}) {
+        Loop loop(bytes);
+        EXPECT_FALSE(loop.RunToTheEnd()) << bytes;
+        EXPECT_EQ(100002, loop.linesHandedOut) << bytes;
+        EXPECT_EQ("\n*** WARNING *** : Too many lines.\n", loop.Log()) << bytes;
+    }
+}
+
+TEST(ReadInputFile, FailsAtTheLimitInOneEndlessLine) {
+    // 100,002 pieces of 199 characters and a few more.
+    Loop loop(std::string(std::size_t{100002} * 199 + 50, 'x') + "\nFIN\n");
+    EXPECT_FALSE(loop.RunToTheEnd());
+    EXPECT_EQ(100002, loop.linesHandedOut);
+}
+
+TEST(ReadInputFile, WarnsWithThePathOfAFileItCannotOpen) {
+    Loop loop("FIN\n");
+    loop.path = loop.folder.Path("missing.csv");
+    EXPECT_FALSE(loop.RunToTheEnd());
+    EXPECT_EQ("\n*** WARNING *** : Cannot open data file " + loop.path + ".\n", loop.Log());
+    EXPECT_EQ(0, loop.linesHandedOut);
+}
+
+TEST(ReadInputFile, WarnsWithThePathOfAFolder) {
+    Loop loop("FIN\n");
+    loop.path = loop.folder.Path("folder");
+    std::filesystem::create_directory(loop.path);
+    EXPECT_FALSE(loop.RunToTheEnd());
+    EXPECT_EQ("\n*** WARNING *** : Cannot open data file " + loop.path + ".\n", loop.Log());
+}
+
+// --- Earthquake cases that change by accident
+
+TEST(FindLinesThatRepeatEarthquakeCase, NamesTheEmptyLineBehindTwoDifferentCases) {
+    EXPECT_THAT(
+        LinesThatRepeatACase("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n\nFIN\n"),
+        ElementsAre(3u));
+}
+
+TEST(FindLinesThatRepeatEarthquakeCase, NamesARemarkBehindThem) {
+    EXPECT_THAT(LinesThatRepeatACase("EarthquakeLoadCaseNumber,2,3,\n# levels\nFIN\n"),
+                ElementsAre(2u));
+}
+
+TEST(FindLinesThatRepeatEarthquakeCase, NamesOnlyTheFirstOfSeveralEmptyLines) {
+    // The second one finds both cases at 3 already.
+    EXPECT_THAT(LinesThatRepeatACase("EarthquakeLoadCaseNumber,2,3,\n\n\nFIN\n"), ElementsAre(2u));
+}
+
+TEST(FindLinesThatRepeatEarthquakeCase, NamesALineBehindEachPairOfCases) {
+    EXPECT_THAT(LinesThatRepeatACase("EarthquakeLoadCaseNumber,2,3,\n\n"
+                                     "EarthquakeLoadCaseNumber,2,3,\n\nFIN\n"),
+                ElementsAre(2u, 4u));
+}
+
+TEST(FindLinesThatRepeatEarthquakeCase, NamesNothingWhenNoCaseChanges) {
+    for (const char* bytes :
+         {"EarthquakeLoadCaseNumber,2,2,\n\nFIN\n", "EarthquakeLoadCaseNumber,4\n\nFIN\n",
+          "EarthquakeLoadCaseNumber,2,3,\nFloorLevel,0,\n\nFIN\n", "\nFIN\n",
+          "EarthquakeLoadCaseNumber,2,3,\nFIN\n\n", ""})
+        EXPECT_THAT(LinesThatRepeatACase(bytes), IsEmpty()) << bytes;
+}
+
+TEST(FindLinesThatRepeatEarthquakeCase, KnowsThatADeadLoadLineSharesTheValueBuffer) {
+    // The line without a comma belongs to DeadLoadCaseNumber and changes no earthquake case.
+    EXPECT_THAT(
+        LinesThatRepeatACase("EarthquakeLoadCaseNumber,2,3,\nDeadLoadCaseNumber,5,\n\nFIN\n"),
+        IsEmpty());
+}
+
+TEST(FindLinesThatRepeatEarthquakeCase, NamesTheEmptyRestOfALineOf199Characters) {
+    // The line is cut right before its line feed, so an empty line follows in the same line 1.
+    const std::string line = "EarthquakeLoadCaseNumber,2,3,";
+    EXPECT_THAT(LinesThatRepeatACase(line + std::string(199 - line.size(), 'x') + "\nFIN\n"),
+                ElementsAre(1u));
+}
+
+TEST(FindLinesThatRepeatEarthquakeCase, NamesNothingInAFileThatCannotBeRead) {
+    const TestFolder folder;
+    EXPECT_THAT(FindLinesThatRepeatEarthquakeCase(folder.Path("missing.csv")), IsEmpty());
+}
