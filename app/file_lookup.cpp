@@ -9,9 +9,13 @@
 #ifdef _WIN32
 
 bool FileExists(const std::string& path) {
+    // UTF-16 has never more units than the narrow text has bytes. The narrow search would refuse
+    // Japanese names of more than 86 characters.
+    std::wstring wide(path.size() + 1, L'\0');
+    MultiByteToWideChar(CP_ACP, 0, path.c_str(), -1, wide.data(), static_cast<int>(wide.size()));
     // A search, as the desktop's file finder makes it: it also sees a file that is locked.
-    WIN32_FIND_DATAA found;
-    const HANDLE search = FindFirstFileA(path.c_str(), &found);
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW(wide.c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return false;
     FindClose(search);
     return true;

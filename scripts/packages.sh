@@ -4,4 +4,6 @@ windows_packages=(g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix mingw-w6
 wine_packages=(wine wine64 xvfb)
 package_packages=(nsis zip unzip pandoc)
 script_packages=(python3 pandoc)
+desktop_packages=(imagemagick fonts-wine)
 desktop_test_packages=(icoutils)
+bench_packages=(libbenchmark-dev)

@@ -1,9 +1,21 @@
 # A Wine prefix and a virtual display of our own; sourced, then:
 #   start_wine PREFIX    makes the prefix when it is new, and starts display and services
+#   start_prefix PREFIX  the prefix alone, on the display that is there
 #   stop_wine            ends both; also called when the script that sourced this ends
 # Nothing of the user's own Wine prefix or display is touched.
 
 start_wine() {
+    start_virtual_display || return
+    start_prefix "$1"
+    # Windows draw their own captions, as they do on Windows.
+    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
+    wineserver -w
+    # The services stay up between tests, started by a process that is not a test.
+    wineserver -p
+    wine cmd /c exit >/dev/null 2>&1 </dev/null
+}
+
+start_virtual_display() {
     local display_file
     display_file=$(mktemp)
     Xvfb -displayfd 3 -screen 0 1280x1024x24 3>"$display_file" >/dev/null 2>&1 &
@@ -16,23 +28,22 @@ start_wine() {
     DISPLAY=:$(tr -d '\n' <"$display_file")
     rm -f "$display_file"
     [ "$DISPLAY" != : ] || { echo "The virtual display (Xvfb) did not start." >&2; return 1; }
-    export DISPLAY WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=-all
+    export DISPLAY
+}
+
+start_prefix() {
+    trap stop_wine EXIT
+    export WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=-all
     export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
         mkdir -p "$WINEPREFIX"
         wine wineboot --init >/dev/null 2>&1
     fi
-    # Windows draw their own captions, as they do on Windows.
-    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
-    wineserver -w
-    # The services stay up between tests, started by a process that is not a test.
-    wineserver -p
-    wine cmd /c exit >/dev/null 2>&1 </dev/null
 }
 
 stop_wine() {
-    [ -z "${WINEPREFIX:-}" ] || wineserver -k 2>/dev/null
-    [ -z "${xvfb_pid:-}" ] || kill "$xvfb_pid" 2>/dev/null
+    [ -z "${WINEPREFIX:-}" ] || wineserver -k 2>/dev/null || true
+    [ -z "${xvfb_pid:-}" ] || kill "$xvfb_pid" 2>/dev/null || true
     xvfb_pid=
     return 0
 }

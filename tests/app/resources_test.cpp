@@ -189,13 +189,14 @@ TEST_F(Resources, MainDialogHasItsControlsInTheirPlaces) {
 
 TEST_F(Resources, MainDialogHasItsControlsInTheirStyles) {
     const DialogTemplate dialog = ReadDialogTemplate(executable_.Resource(RT_DIALOG, 102));
-    // The current input is a path, whose ampersands are no mnemonics. The list has no LBS_SORT.
-    EXPECT_THAT(dialog.controls,
-                testing::ElementsAre(
-                    HasStyle(BS_PUSHBUTTON | WS_TABSTOP), HasStyle(BS_DEFPUSHBUTTON | WS_TABSTOP),
-                    HasStyle(SS_LEFT | WS_GROUP), HasStyle(SS_LEFT | WS_GROUP | SS_NOPREFIX),
-                    HasStyle(WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOSEL | LBS_NOTIFY |
-                             LBS_NOINTEGRALHEIGHT)));
+    // The current input is a path: no mnemonics, left out in the middle. The list has no LBS_SORT.
+    EXPECT_THAT(
+        dialog.controls,
+        testing::ElementsAre(HasStyle(BS_PUSHBUTTON | WS_TABSTOP),
+                             HasStyle(BS_DEFPUSHBUTTON | WS_TABSTOP), HasStyle(SS_LEFT | WS_GROUP),
+                             HasStyle(SS_LEFT | WS_GROUP | SS_NOPREFIX | SS_PATHELLIPSIS),
+                             HasStyle(WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOSEL | LBS_NOTIFY |
+                                      LBS_NOINTEGRALHEIGHT)));
 }
 
 TEST_F(Resources, AboutBoxIsAModalFrame) {

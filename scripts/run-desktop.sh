@@ -1,0 +1,72 @@
+#!/usr/bin/env bash
+# Shows the dialog at work under Wine, with the sample host serving an example building: on the
+# display if there is one, to be closed by the user; else on a virtual display, with a screenshot.
+# Usage: scripts/run-desktop.sh       (after building the Windows target show_run; see ./run)
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/wine-session.sh
+
+prefix=$PWD/build/wine-desktop
+folder=$PWD/build/desktop-run
+screenshot=$folder/dialog.png
+model=$folder/two_story_y_up.qhm
+input=$folder/two_story_y_up.csv
+
+# A local display counts when its socket is there; one on another machine is taken at its word.
+has_display() {
+    case "${DISPLAY:-}" in
+        "") return 1 ;;
+        :*) local number=${DISPLAY#:}; [ -S "/tmp/.X11-unix/X${number%%.*}" ] ;;
+        *) return 0 ;;
+    esac
+}
+
+# Debian keeps Wine's fonts where Wine does not look for them.
+add_fonts() {
+    mkdir -p "$prefix/drive_c/windows/Fonts"
+    ln -sf /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$prefix/drive_c/windows/Fonts/"
+}
+
+# Wine's own remarks are left out.
+show_run() {
+    wine build/windows/tests/show_run.exe "Z:$model" "Z:$input" 2> >(grep '^show_run' >&2)
+}
+
+show_to_the_user() {
+    start_prefix "$prefix"
+    add_fonts
+    echo "The dialog opens; it is yours after the run. Done closes it."
+    show_run </dev/tty
+}
+
+# The program keeps the dialog open until its standard input ends.
+take_screenshot() {
+    local line=
+    start_wine "$prefix"
+    wineserver -k
+    add_fonts
+    coproc shown { show_run; }
+    local output=${shown[0]} input_end=${shown[1]} pid=$shown_PID
+    while IFS= read -r line <&"$output"; do
+        line=${line%$'\r'}
+        [ "$line" != Shown. ] || break
+        printf '%s\n' "$line"
+    done
+    [ "$line" = Shown. ] || { wait "$pid" || true; return 1; }
+    import -window root "$screenshot"
+    mogrify -trim +repage "$screenshot"
+    exec {input_end}>&-
+    wait "$pid"
+}
+
+mkdir -p "$folder"
+cp examples/two_story_y_up.{qhm,csv} "$folder"
+if has_display; then
+    show_to_the_user
+else
+    take_screenshot
+    echo
+    echo "screenshot: $screenshot"
+fi
+echo "log:        ${model%qhm}aijR2Log.txt"
+echo "results:    ${model%qhm}aijR2Result.csv"
