@@ -110,6 +110,16 @@ void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
     }
 }
 
+// Closes the log, and notes which reports could not be written to their end.
+void CloseLog(const AijCodeRoute2& engine, RunOutcome& outcome) {
+    if (engine.resultFile != nullptr && !engine.resultFileWritten)
+        outcome.incompleteReports.push_back(engine.resultFilePath);
+    if (engine.logFile == nullptr) return;
+    const bool noWriteFailed = std::ferror(engine.logFile) == 0;
+    if (std::fclose(engine.logFile) != 0 || !noWriteFailed)
+        outcome.incompleteReports.push_back(engine.logFilePath);
+}
+
 }  // namespace
 
 RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
@@ -140,7 +150,7 @@ RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& con
 
     status.Append(StatusText::kFinishes);
     outcome.opensLog = engine.logFile != nullptr;
-    if (engine.logFile != nullptr) std::fclose(engine.logFile);
+    CloseLog(engine, outcome);
     status.Append(StatusText::kClosingLog);
     return outcome;
 }

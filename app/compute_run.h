@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "app/status_texts.h"
 #include "host/host_queries.h"
@@ -31,6 +32,10 @@ struct RunOutcome {
     bool opensLog = false;    ///< the run wrote a log, at ReportPaths::logFile
     bool hostFailed = false;  ///< a host call failed, which ended the run
     std::string failure;      ///< why a run that is not complete ended, one sentence without a stop
+
+    /// Paths of reports that were opened and could not be written to their end: the disk is full,
+    /// or the connection to it broke. Neither the status list nor the log tells.
+    std::vector<std::string> incompleteReports;
 };
 
 /// Gives the connected host, or null when it cannot be reached. The host stays with the giver

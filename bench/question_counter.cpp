@@ -1,5 +1,27 @@
 #include "bench/question_counter.h"
 
+#include <chrono>
+
+namespace {
+
+// Adds its own lifetime to `seconds`.
+class StopWatch {
+public:
+    explicit StopWatch(double& seconds) : seconds_(seconds) {}
+    ~StopWatch() {
+        seconds_ +=
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+    }
+    StopWatch(const StopWatch&) = delete;
+    StopWatch& operator=(const StopWatch&) = delete;
+
+private:
+    double& seconds_;
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+}  // namespace
+
 std::size_t QuestionCounter::HashOfQuestion::operator()(const Question& question) const {
     constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;  // 2^64 over the golden ratio
     std::uint64_t hash = 0;
@@ -11,106 +33,92 @@ std::size_t QuestionCounter::HashOfQuestion::operator()(const Question& question
     return static_cast<std::size_t>(hash);
 }
 
-void QuestionCounter::Count(const Question& question) {
+template <typename Query>
+auto QuestionCounter::Ask(const Question& question, const Query& query) {
     ++asked_;
     distinct_.insert(question);
+    const StopWatch watch(secondsInside_);
+    return query();
 }
 
 std::string QuestionCounter::GetModelFilePath() {
-    Count({1});
-    return host_.GetModelFilePath();
+    return Ask({1}, [&] { return host_.GetModelFilePath(); });
 }
 
 void QuestionCounter::PostConnectCall() {
-    Count({2});
-    host_.PostConnectCall();
+    Ask({2}, [&] { host_.PostConnectCall(); });
 }
 
 std::int32_t QuestionCounter::GetBaseUnitSystem() {
-    Count({3});
-    return host_.GetBaseUnitSystem();
+    return Ask({3}, [&] { return host_.GetBaseUnitSystem(); });
 }
 
 std::int32_t QuestionCounter::GetNodeCount() {
-    Count({4});
-    return host_.GetNodeCount();
+    return Ask({4}, [&] { return host_.GetNodeCount(); });
 }
 
 void QuestionCounter::GetNodeList(std::span<std::int32_t> numbers) {
-    Count({5});
-    host_.GetNodeList(numbers);
+    Ask({5}, [&] { host_.GetNodeList(numbers); });
 }
 
 void QuestionCounter::GetNodeCoordinates(std::int32_t node, double& x, double& y, double& z) {
-    Count({6, node});
-    host_.GetNodeCoordinates(node, x, y, z);
+    Ask({6, node}, [&] { host_.GetNodeCoordinates(node, x, y, z); });
 }
 
 std::int32_t QuestionCounter::GetMemberCount() {
-    Count({7});
-    return host_.GetMemberCount();
+    return Ask({7}, [&] { return host_.GetMemberCount(); });
 }
 
 void QuestionCounter::GetMemberList(std::span<std::int32_t> numbers) {
-    Count({8});
-    host_.GetMemberList(numbers);
+    Ask({8}, [&] { host_.GetMemberList(numbers); });
 }
 
 void QuestionCounter::GetMemberIncidence(std::int32_t member, std::int32_t& startNode,
                                          std::int32_t& endNode) {
-    Count({9, member});
-    host_.GetMemberIncidence(member, startNode, endNode);
+    Ask({9, member}, [&] { host_.GetMemberIncidence(member, startNode, endNode); });
 }
 
 bool QuestionCounter::IsZUp() {
-    Count({10});
-    return host_.IsZUp();
+    return Ask({10}, [&] { return host_.IsZUp(); });
 }
 
 double QuestionCounter::GetMemberRotationAngle(std::int32_t member) {
-    Count({11, member});
-    return host_.GetMemberRotationAngle(member);
+    return Ask({11, member}, [&] { return host_.GetMemberRotationAngle(member); });
 }
 
 std::int32_t QuestionCounter::GetSupportInfo(std::int32_t node, SixIntegers& codes,
                                              SixDoubles& values) {
-    Count({12, node});
-    return host_.GetSupportInfo(node, codes, values);
+    return Ask({12, node}, [&] { return host_.GetSupportInfo(node, codes, values); });
 }
 
 std::int32_t QuestionCounter::GetPrimaryLoadCaseCount() {
-    Count({13});
-    return host_.GetPrimaryLoadCaseCount();
+    return Ask({13}, [&] { return host_.GetPrimaryLoadCaseCount(); });
 }
 
 std::int32_t QuestionCounter::GetLoadCombinationCount() {
-    Count({14});
-    return host_.GetLoadCombinationCount();
+    return Ask({14}, [&] { return host_.GetLoadCombinationCount(); });
 }
 
 std::int16_t QuestionCounter::GetPrimaryLoadCaseNumbers(std::span<std::int32_t> numbers) {
-    Count({15});
-    return host_.GetPrimaryLoadCaseNumbers(numbers);
+    return Ask({15}, [&] { return host_.GetPrimaryLoadCaseNumbers(numbers); });
 }
 
 std::int16_t QuestionCounter::GetLoadCombinationNumbers(std::span<std::int32_t> numbers) {
-    Count({16});
-    return host_.GetLoadCombinationNumbers(numbers);
+    return Ask({16}, [&] { return host_.GetLoadCombinationNumbers(numbers); });
 }
 
 std::int16_t QuestionCounter::GetNodeDisplacements(std::int32_t node, std::int32_t loadCase,
                                                    SixDoubles& displacements) {
-    Count({17, node, loadCase});
-    return host_.GetNodeDisplacements(node, loadCase, displacements);
+    return Ask({17, node, loadCase},
+               [&] { return host_.GetNodeDisplacements(node, loadCase, displacements); });
 }
 
 std::int16_t QuestionCounter::GetMemberEndForces(std::int32_t member, std::int32_t end,
                                                  std::int32_t loadCase, SixDoubles& forces) {
-    Count({18, member, end, loadCase});
-    return host_.GetMemberEndForces(member, end, loadCase, forces);
+    return Ask({18, member, end, loadCase},
+               [&] { return host_.GetMemberEndForces(member, end, loadCase, forces); });
 }
 
 bool QuestionCounter::AreResultsAvailable() {
-    Count({19});
-    return host_.AreResultsAvailable();
+    return Ask({19}, [&] { return host_.AreResultsAvailable(); });
 }

@@ -6,7 +6,8 @@
 #include "host/host_queries.h"
 
 /// Stands in front of a host, hands every question on and counts: all questions, and the
-/// distinct ones among them. Keeps one small record per distinct question.
+/// distinct ones among them. Also adds up the time that the host takes to answer. Keeps one small
+/// record per distinct question.
 class QuestionCounter : public HostQueries {
 public:
     /// Borrows `host`, which must outlive the counter.
@@ -14,6 +15,7 @@ public:
 
     std::uint64_t Asked() const { return asked_; }
     std::uint64_t Distinct() const { return distinct_.size(); }
+    double SecondsInside() const { return secondsInside_; }
 
     std::string GetModelFilePath() override;
     void PostConnectCall() override;
@@ -51,9 +53,11 @@ private:
         std::size_t operator()(const Question& question) const;
     };
 
-    void Count(const Question& question);
+    template <typename Query>
+    auto Ask(const Question& question, const Query& query);
 
     HostQueries& host_;
     std::uint64_t asked_ = 0;
+    double secondsInside_ = 0.0;
     std::unordered_set<Question, HashOfQuestion> distinct_;
 };

@@ -62,6 +62,10 @@ RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inpu
         outcome.failure = error.what();
     }
     if (outcome.opensLog) PrintReports(reports);
+    for (const std::string& report : outcome.incompleteReports)
+        std::cerr << "quarnel-cli: caution: " << report
+                  << " is incomplete: it could not be written to its end; see that the disk has "
+                     "room, and run again\n";
     if (!outcome.complete)
         std::cerr << "quarnel-cli: the run ended early: " << outcome.failure << "\n";
     return outcome;

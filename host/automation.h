@@ -112,7 +112,7 @@ private:
 /// read by width, without a look at its type.
 class HostResult {
 public:
-    HostResult() noexcept { VariantInit(&value_); }
+    HostResult() noexcept = default;
     ~HostResult() { VariantClear(&value_); }
     HostResult(HostResult&& other) noexcept : value_(other.value_) { VariantInit(&other.value_); }
     HostResult(const HostResult&) = delete;
@@ -126,7 +126,8 @@ public:
     VARIANT* Receive() noexcept { return &value_; }
 
 private:
-    VARIANT value_;
+    // All zeros, of type VT_EMPTY: a host that answers nothing has answered 0.
+    VARIANT value_{};
 };
 
 /// One automation object of the host, called by dispatch identifier.

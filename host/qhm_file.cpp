@@ -327,6 +327,12 @@ OrderedJson FiniteNumbers(const Numbers& numbers, const std::string& path, const
     return numbers;
 }
 
+// Adds a key that the object does not have yet, without looking through all its keys: large
+// models have tens of thousands.
+void AppendKey(OrderedJson& object, std::string key, OrderedJson value) {
+    object.get_ref<OrderedJson::object_t&>().emplace_back(std::move(key), std::move(value));
+}
+
 template <typename Value>
 const Value& Asked(const std::optional<Value>& answer, const std::string& path,
                    const std::string& of) {
@@ -391,15 +397,17 @@ OrderedJson UnlistedMemberEntries(const RecordedModel& model, const std::string&
 OrderedJson Displacements(const RecordedModel& model, const std::string& path) {
     OrderedJson byLoadCase = OrderedJson::object();
     for (const std::int32_t loadCase : model.displacements.LoadCases()) {
-        OrderedJson& byNode = byLoadCase[std::to_string(loadCase)];
+        OrderedJson byNode = OrderedJson::object();
         for (std::size_t i = 0; i < model.nodes.size(); ++i) {
             const SixDoubles* six = model.displacements.Find(i, loadCase);
             if (six == nullptr) continue;
             const std::string node = std::to_string(model.nodes[i].number);
-            byNode[node] = FiniteNumbers(*six, path,
-                                         "the displacements of node " + node + " under load case " +
-                                             std::to_string(loadCase));
+            AppendKey(byNode, node,
+                      FiniteNumbers(*six, path,
+                                    "the displacements of node " + node + " under load case " +
+                                        std::to_string(loadCase)));
         }
+        AppendKey(byLoadCase, std::to_string(loadCase), std::move(byNode));
     }
     return byLoadCase;
 }
@@ -412,7 +420,7 @@ OrderedJson EndForces(const RecordedModel& model, const std::string& path) {
 
     OrderedJson byLoadCase = OrderedJson::object();
     for (const std::int32_t loadCase : loadCases) {
-        OrderedJson& byMember = byLoadCase[std::to_string(loadCase)];
+        OrderedJson byMember = OrderedJson::object();
         for (std::size_t i = 0; i < model.members.size(); ++i) {
             const SixDoubles* start = model.endForces[0].Find(i, loadCase);
             const SixDoubles* end = model.endForces[1].Find(i, loadCase);
@@ -424,8 +432,9 @@ OrderedJson EndForces(const RecordedModel& model, const std::string& path) {
             OrderedJson both = OrderedJson::array();
             for (const SixDoubles* six : {start, end})
                 both.push_back(FiniteNumbers(six == nullptr ? SixDoubles{} : *six, path, name));
-            byMember[member] = std::move(both);
+            AppendKey(byMember, member, std::move(both));
         }
+        AppendKey(byLoadCase, std::to_string(loadCase), std::move(byMember));
     }
     return byLoadCase;
 }

@@ -108,6 +108,10 @@ public:
           loadCases_(static_cast<std::size_t>(engine.numPrimaryLoadCases) +
                      static_cast<std::size_t>(engine.numLoadCombinations)) {}
 
+    /// An index beyond a vector's end stops it at that row with std::out_of_range.
+    void PrintSections();
+
+private:
     void PrintDeformAngles();
     void PrintMemberDeformAngles();
     void PrintStiffnessRatios();
@@ -115,7 +119,6 @@ public:
                       PerDirection StoryInfo::*center) const;
     void PrintEccentricityModuli();
 
-private:
     // The records of one story whose own angle is reported: a list per load case number, each in
     // the records' order.
     using ReportedRecords = std::unordered_map<std::int32_t, std::vector<const StoryMember*>>;
@@ -138,6 +141,15 @@ private:
     std::size_t loadCases_;
     const char* verdict_ = "***";  // of the check row written last; some rows repeat it
 };
+
+void ResultsWriter::PrintSections() {
+    PrintDeformAngles();
+    PrintMemberDeformAngles();
+    PrintStiffnessRatios();
+    PrintCenters("Gravity center", "gravity center", &StoryInfo::gravityCenter);
+    PrintCenters("Center of rigidity", "rigidity center", &StoryInfo::rigidityCenter);
+    PrintEccentricityModuli();
+}
 
 void ResultsWriter::PrintBlockHead(const Block& block, const char* value) const {
     Print(file_, "\nDirection %s\n", block.direction);
@@ -294,14 +306,16 @@ void AijCodeRoute2::PrintStoryInfoCsv() {
         LogWarning(logFile, "Cannot open result file " + resultFilePath + ".");
         return;
     }
-    ResultsWriter writer(*this);
-    writer.PrintDeformAngles();
-    writer.PrintMemberDeformAngles();
-    writer.PrintStiffnessRatios();
-    writer.PrintCenters("Gravity center", "gravity center", &StoryInfo::gravityCenter);
-    writer.PrintCenters("Center of rigidity", "rigidity center", &StoryInfo::rigidityCenter);
-    writer.PrintEccentricityModuli();
-    CloseResultFile();
+    try {
+        ResultsWriter(*this).PrintSections();
+    } catch (...) {
+        // The file stays open until the program ends: intended. Its rows must not wait in the
+        // stream until then, or they would go over the results of a later run.
+        std::fflush(resultFile);
+        throw;
+    }
+    const bool noWriteFailed = std::ferror(resultFile) == 0;
+    resultFileWritten = CloseResultFile() && noWriteFailed;
     Print(logFile, "Ends printing story info in csv style...\n");
 }
 

@@ -79,11 +79,12 @@ public:
     std::int32_t SetUpperNodeNumber(std::int32_t member);  ///< the end node when both are level
     double SetMemberHeight(std::int32_t member);           ///< mm, never negative
 
-    // Files. The results stream is closed by PrintStoryInfoCsv alone: one that is open when an
-    // exception ends the run stays open until the program ends, which completes the file up to
-    // the row that failed.
+    // Files. The results stream is opened and closed by PrintStoryInfoCsv alone. An exception that
+    // ends the writing leaves the file complete up to the row that failed, and the stream open
+    // until the program ends.
     std::FILE* logFile = nullptr;
     std::FILE* resultFile = nullptr;
+    bool resultFileWritten = false;  ///< all rows went to the results file, none was lost
     std::string modelFilePath;
 
     // Axes and units.

@@ -2,13 +2,22 @@
 
 #include <windows.h>
 
+// Sleep knows whole milliseconds only and takes them generously, so the last two are spent awake.
+void CallMeter::Wait() const {
+    constexpr Delay kAwake{2.0};
+    const auto end = std::chrono::steady_clock::now() + delay_;
+    if (delay_ > kAwake) Sleep(static_cast<DWORD>((delay_ - kAwake).count()));
+    while (std::chrono::steady_clock::now() < end)
+        YieldProcessor();
+}
+
 void CallMeter::Answered(const std::string& name) {
-    Sleep(static_cast<DWORD>(delay_.count()));
+    Wait();
     ++answered_[name];
 }
 
 void CallMeter::Refused() {
-    Sleep(static_cast<DWORD>(delay_.count()));
+    Wait();
     ++refused_;
 }
 

@@ -8,7 +8,9 @@
 /// host would.
 class CallMeter {
 public:
-    explicit CallMeter(std::chrono::milliseconds delayPerCall) : delay_(delayPerCall) {}
+    using Delay = std::chrono::duration<double, std::milli>;
+
+    explicit CallMeter(Delay delayPerCall) : delay_(delayPerCall) {}
 
     /// Waits, then counts a call of this name.
     void Answered(const std::string& name);
@@ -23,7 +25,9 @@ public:
     std::string Report() const;
 
 private:
-    std::chrono::milliseconds delay_;
+    void Wait() const;
+
+    Delay delay_;
     std::map<std::string, long> answered_;
     long refused_ = 0;
 };

@@ -44,7 +44,7 @@ Exit codes:
 
 struct Options {
     std::string model;
-    long delayMs = 0;
+    double delayMs = 0.0;
     std::string callCountFile;
     bool stop = false;
 };
@@ -105,7 +105,7 @@ int Serve(const Options& options) {
     const auto modelPath = ModelPathOf(model, options.model);
     Introduce(model, modelPath, options);
 
-    const auto meter = std::make_shared<CallMeter>(std::chrono::milliseconds(options.delayMs));
+    const auto meter = std::make_shared<CallMeter>(CallMeter::Delay(options.delayMs));
     std::unique_ptr<RunningHost> running;
     StopWindow stopWindow([&running] { running.reset(); });
     running = std::make_unique<RunningHost>(MakeSampleHost(std::move(model), modelPath, meter));
@@ -133,7 +133,7 @@ int RunCommand(int argc, char** argv) {
     Options options;
     CLI::Option* model = app.add_option("MODEL.qhm", options.model, "the building to serve");
     app.add_option("--delay", options.delayMs, "let every call take this much longer, milliseconds")
-        ->check(CLI::Range(0L, 3600000L));
+        ->check(CLI::Range(0.0, 3600000.0));
     app.add_option("--count-calls", options.callCountFile,
                    "at the end, write the number of calls of every kind to this file");
     app.add_flag("--stop", options.stop, "end the SampleHost that is running")->excludes(model);

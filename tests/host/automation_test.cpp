@@ -349,7 +349,7 @@ TEST(HostString, IsEmptyWhenTheHostTakesTheStringAway) {
     EXPECT_EQ("", text.NarrowText());
 }
 
-TEST(HostArray, IsZeroBasedAndCarriesItsElementType) {
+TEST(HostArray, HasOneDimensionThatStartsAtZero) {
     HostArray array(VT_R8, 6);
     const VARIANT argument = array.ByReference();
     SAFEARRAY* const raw = *V_ARRAYREF(&argument);
@@ -360,7 +360,14 @@ TEST(HostArray, IsZeroBasedAndCarriesItsElementType) {
     EXPECT_EQ(1u, SafeArrayGetDim(raw));
     EXPECT_EQ(0, first);
     EXPECT_EQ(5, last);
-    EXPECT_NE(0, raw->fFeatures & FADF_HAVEVARTYPE);
+}
+
+TEST(HostArray, IsMarkedAsCarryingItsElementType) {
+    for (const VARTYPE type : {VT_I4, VT_R8, VT_BSTR}) {
+        HostArray array(type, 6);
+        const VARIANT argument = array.ByReference();
+        EXPECT_NE(0, (*V_ARRAYREF(&argument))->fFeatures & FADF_HAVEVARTYPE) << type;
+    }
 }
 
 TEST(HostArray, PassesItselfByReferenceUnderTheTypeThatItsFlagsTell) {

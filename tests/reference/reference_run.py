@@ -370,8 +370,6 @@ class Run:
                 end = min(end, position + LINE_READ_LIMIT)
                 buffer = text[position:end]
                 position = end
-                # The buffer holds a C string: nothing behind a zero byte is seen.
-                buffer = buffer.split(b"\0")[0]
                 if buffer.endswith(b"\n"):
                     buffer = buffer[:-1]
             if buffer.startswith(b"FIN"):

@@ -190,6 +190,14 @@ TEST(Initialize, UsesTheCurrentFolderForAModelPathOfUpToThreeCharacters) {
     }
 }
 
+TEST(Initialize, KeepsTheFirstOfFourCharactersOfAModelPath) {
+    FreshEngine fresh;
+    const InFolder in(fresh.folder.Path(""));
+    EXPECT_TRUE(fresh.Initialize("fext"));
+    EXPECT_EQ("faijR2Log.txt", fresh.logPathOut);
+    fresh.CloseLog();
+}
+
 TEST(Initialize, AsksTheHostForTheVerticalAxis) {
     for (const bool zUp : {false, true}) {
         FreshEngine fresh;

@@ -105,7 +105,7 @@ TEST(FloorLevels, AreTheBaseAndTheBeamsAboveIt) {
 
 TEST(FloorLevels, AreTheBaseAloneWithoutBeamsAboveIt) {
     FakeHost host;
-    host.Node(1, 0, 1, 0, true).Node(2, 5, 1, 0).Node(3, 0, 0.5, 0).Node(4, 5, 0.5, 0);
+    host.Node(1, 0, 1, 0, true).Node(2, 5, 1, 0).Node(3, 0, 0.9999, 0).Node(4, 5, 0.9999, 0);
     host.Node(5, 0, 4, 0).Member(1, 1, 2).Member(2, 3, 4).Member(3, 1, 5);
     // The base beam adds nothing, nor does the beam below it; the column is not horizontal.
     EXPECT_THAT(LevelsOf(host), ElementsAre(1000.0));
@@ -701,6 +701,16 @@ TEST(SingleMember, HasAFloorLevelWhenItIsLevel) {
     level = -1.0;
     EXPECT_TRUE(bench.engine.GetFloorLevelOfMember(4, level));
     EXPECT_EQ(0.0, level);  // that of its start
+    EXPECT_FALSE(bench.engine.GetFloorLevelOfMember(1, level));
+}
+
+// Every comparison with what is no number is false.
+TEST(SingleMember, WithAnEndAtNoHeightHasItsEndNodeAsBothNodesAndNoFloorLevel) {
+    MemberBench bench;
+    bench.engine.nodeCoords[1].y = std::numeric_limits<double>::quiet_NaN();  // node 2
+    EXPECT_EQ(2, bench.engine.SetLowerNodeNumber(1));
+    EXPECT_EQ(2, bench.engine.SetUpperNodeNumber(1));
+    double level = 0.0;
     EXPECT_FALSE(bench.engine.GetFloorLevelOfMember(1, level));
 }
 

@@ -139,3 +139,10 @@ TEST(MemberAxes, DoNotExistForAMemberShorterThanOneMillionthOfAMillimetre) {
     // Every component is below the limit, the length of 1.04e-6 is not.
     EXPECT_TRUE(FormMemberAxes({}, {6e-7, 6e-7, 6e-7}, 0.0, kYVertical).has_value());
 }
+
+// The length is no number either, and so not below the limit.
+TEST(MemberAxes, ExistForAMemberWhoseEndIsNowhere) {
+    const auto axes = FormMemberAxes({}, {std::nan(""), 0, 0}, 0.0, kYVertical);
+    ASSERT_TRUE(axes.has_value());
+    EXPECT_TRUE(std::isnan(axes->x.x));
+}

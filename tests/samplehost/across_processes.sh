@@ -237,6 +237,18 @@ CloseMessageStopsTheHostAndRemovesItsRegistration() {
     ! is_registered || fail "the registration is still there"
 }
 
+# Wine hands an interrupt signal to the program as Ctrl+C.
+CtrlCStopsTheHostAndRemovesItsRegistration() {
+    cp "$examples/two_story_y_up.qhm" .
+    start_host two_story_y_up.qhm
+    kill -INT "$!"
+    wait "$!"
+    expect_code 0 $?
+    host_process=
+    expect_line 'Stopped after 0 calls' host.log
+    ! is_registered || fail "the registration is still there"
+}
+
 SecondHostIsRefusedAndTheFirstServesOn() {
     cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
     start_host two_story_y_up.qhm

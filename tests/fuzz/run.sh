@@ -1,0 +1,41 @@
+#!/bin/sh
+# Runs every fuzz target for a number of seconds, one after the other:
+#
+#     tests/fuzz/run.sh SECONDS [TARGET...]
+#
+# TARGET: input_readers, qhm_file, whole_run. What the fuzzer learns is kept in build/fuzz/corpus
+# for the next time. A finding ends its target and is saved in build/fuzz/findings/TARGET; when it
+# is fixed, put the file into tests/fuzz/regressions/TARGET, where every test run replays it.
+set -eu
+
+if [ $# -lt 1 ]; then
+    echo "usage: tests/fuzz/run.sh SECONDS [TARGET...]" >&2
+    exit 2
+fi
+seconds=$1
+shift
+[ $# -gt 0 ] || set -- input_readers qhm_file whole_run
+
+cd "$(dirname "$0")/../.."
+if ! clang++ --version >/dev/null 2>&1; then
+    echo "tests/fuzz/run.sh: clang++ is missing: install Debian's clang and libclang-rt-14-dev" >&2
+    exit 2
+fi
+cmake --preset fuzz
+cmake --build --preset fuzz
+
+# The files of a try go to memory where there is such a folder.
+[ -d /dev/shm ] && TMPDIR=/dev/shm && export TMPDIR
+
+status=0
+for target in "$@"; do
+    seeds=tests/fuzz/seeds/$target
+    corpus=build/fuzz/corpus/$target
+    findings=build/fuzz/findings/$target
+    mkdir -p "$corpus" "$findings"
+    build/fuzz/tests/fuzz_"$target" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=2048 \
+        -max_len=4096 -print_final_stats=1 -dict=tests/fuzz/"$target".dict \
+        -artifact_prefix="$findings"/ "$corpus" "$seeds" tests/fuzz/regressions/"$target" ||
+        status=1
+done
+exit $status
