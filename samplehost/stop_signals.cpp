@@ -25,7 +25,8 @@ BOOL WINAPI OnConsoleSignal(DWORD) {
 void StopAtEnterKey() {
     char key = '\0';
     DWORD count = 0;
-    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), &key, 1, &count, nullptr) != FALSE && count == 1) {
+    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), &key, 1, &count, nullptr) != FALSE &&
+           count == 1) {
         if (key == '\n') {
             StopWindow::AskToStop();
             return;
