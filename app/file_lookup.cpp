@@ -9,8 +9,8 @@
 #ifdef _WIN32
 
 bool FileExists(const std::string& path) {
-    // UTF-16 has never more units than the narrow text has bytes. The narrow search would refuse
-    // Japanese names of more than 86 characters.
+    // UTF-16 has never more units than the narrow text has bytes. The narrow search has room for
+    // 260 bytes of a name, which Windows allows 255 characters.
     std::wstring wide(path.size() + 1, L'\0');
     MultiByteToWideChar(CP_ACP, 0, path.c_str(), -1, wide.data(), static_cast<int>(wide.size()));
     // A search, as the desktop's file finder makes it: it also sees a file that is locked.

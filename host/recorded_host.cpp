@@ -33,16 +33,24 @@ SixDoubles AnswerOrZeros(const AnswerTable& table, std::size_t position, std::in
 RecordedHost::RecordedHost(const RecordedModel& model, std::string modelFilePath)
     : model_(model), modelFilePath_(std::move(modelFilePath)) {}
 
-const RecordedNode& RecordedHost::Node(std::int32_t number, const char* query) const {
+std::size_t RecordedHost::NodePosition(std::int32_t number, const char* query) const {
     const auto position = model_.FindNode(number);
     if (!position) Fail(query, "node " + std::to_string(number) + " is not in the model");
-    return model_.nodes[*position];
+    return *position;
+}
+
+std::size_t RecordedHost::MemberPosition(std::int32_t number, const char* query) const {
+    const auto position = model_.FindMember(number);
+    if (!position) Fail(query, "member " + std::to_string(number) + " is not in the model");
+    return *position;
+}
+
+const RecordedNode& RecordedHost::Node(std::int32_t number, const char* query) const {
+    return model_.nodes[NodePosition(number, query)];
 }
 
 const RecordedMember& RecordedHost::Member(std::int32_t number, const char* query) const {
-    const auto position = model_.FindMember(number);
-    if (!position) Fail(query, "member " + std::to_string(number) + " is not in the model");
-    return model_.members[*position];
+    return model_.members[MemberPosition(number, query)];
 }
 
 std::string RecordedHost::GetModelFilePath() {
@@ -124,18 +132,18 @@ std::int16_t RecordedHost::GetLoadCombinationNumbers(std::span<std::int32_t> num
 
 std::int16_t RecordedHost::GetNodeDisplacements(std::int32_t node, std::int32_t loadCase,
                                                 SixDoubles& displacements) {
-    Node(node, "GetNodeDisplacements");
-    displacements = AnswerOrZeros(model_.displacements, *model_.FindNode(node), loadCase);
+    const std::size_t position = NodePosition(node, "GetNodeDisplacements");
+    displacements = AnswerOrZeros(model_.displacements, position, loadCase);
     return 1;
 }
 
 std::int16_t RecordedHost::GetMemberEndForces(std::int32_t member, std::int32_t end,
                                               std::int32_t loadCase, SixDoubles& forces) {
     constexpr const char* kQuery = "GetMemberEndForces";
-    Member(member, kQuery);
+    const std::size_t position = MemberPosition(member, kQuery);
     if (end != 0 && end != 1) Fail(kQuery, "end " + std::to_string(end) + " is neither 0 nor 1");
     const AnswerTable& ofEnd = model_.endForces[static_cast<std::size_t>(end)];
-    forces = AnswerOrZeros(ofEnd, *model_.FindMember(member), loadCase);
+    forces = AnswerOrZeros(ofEnd, position, loadCase);
     return 1;
 }
 

@@ -39,6 +39,9 @@ public:
     bool AreResultsAvailable() override;
 
 private:
+    // A number that is not in the model is a failed call of `query`.
+    std::size_t NodePosition(std::int32_t number, const char* query) const;
+    std::size_t MemberPosition(std::int32_t number, const char* query) const;
     const RecordedNode& Node(std::int32_t number, const char* query) const;
     const RecordedMember& Member(std::int32_t number, const char* query) const;
 

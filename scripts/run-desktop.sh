@@ -34,7 +34,6 @@ show_run() {
 
 show_to_the_user() {
     start_prefix "$prefix"
-    add_fonts
     echo "The dialog opens; it is yours after the run. Done closes it."
     show_run </dev/tty
 }
@@ -43,8 +42,6 @@ show_to_the_user() {
 take_screenshot() {
     local line=
     start_wine "$prefix"
-    wineserver -k
-    add_fonts
     coproc shown { show_run; }
     local output=${shown[0]} input_end=${shown[1]} pid=$shown_PID
     while IFS= read -r line <&"$output"; do
@@ -61,6 +58,7 @@ take_screenshot() {
 
 mkdir -p "$folder"
 cp examples/two_story_y_up.{qhm,csv} "$folder"
+add_fonts
 if has_display; then
     show_to_the_user
 else

@@ -63,7 +63,7 @@ protected:
     }
 
     ProgramRun Cli(const std::vector<std::string>& arguments) {
-        return RunProgram(QUARNEL_CLI, arguments, output);
+        return RunProgram(program, arguments, output);
     }
     ProgramRun Check() { return Cli({"check", model, input}); }
 
@@ -74,6 +74,8 @@ protected:
         return names;
     }
 
+    // Of a path without a drive, the drive is that of the folder in which the test started.
+    const std::string program = std::filesystem::absolute(QUARNEL_CLI).string();
     TestFolder folder;
     TestFolder output;
     std::string model;
@@ -323,7 +325,8 @@ TEST_F(QuarnelCli, HelpTeachesTheCommandItsExitCodesAndTheInputFile) {
 TEST_F(QuarnelCli, VersionIsOneLine) {
     const ProgramRun run = Cli({"--version"});
     EXPECT_EQ(0, run.exitCode);
-    EXPECT_THAT(run.out, testing::MatchesRegex("quarnel-cli [0-9.]+\n"));
+    EXPECT_THAT(run.out, StartsWith("quarnel-cli "));
+    EXPECT_EQ(1, std::count(run.out.begin(), run.out.end(), '\n'));
     EXPECT_EQ("", run.err);
 }
 

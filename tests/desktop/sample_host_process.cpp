@@ -33,7 +33,7 @@ void WaitForEnd(const PROCESS_INFORMATION& process) {
 // Returns when the host has said that it can be called.
 void ReadUntilReady(HANDLE output) {
     std::string said;
-    while (said.find("Ready.") == std::string::npos) {
+    while (said.find("Ready") == std::string::npos) {
         char bytes[256];
         DWORD count = 0;
         if (!ReadFile(output, bytes, sizeof(bytes), &count, nullptr) || count == 0) {

@@ -17,7 +17,7 @@ inline void ServeCalls() {
 /// Returns when `condition` holds; serves calls meanwhile. What never comes fails the test in the
 /// end; how long anything takes until then decides nothing.
 inline void WaitFor(const std::string& what, const std::function<bool()>& condition) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(40);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(2);
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) {
             throw std::runtime_error("waited in vain for " + what);
