@@ -20,7 +20,7 @@ namespace {
 // True from its making to its end.
 class RaisedFlag {
 public:
-    explicit RaisedFlag(bool& flag) : flag_(flag) { flag_ = true; }
+    explicit RaisedFlag(bool& flag) : flag_(flag) { flag = true; }
     ~RaisedFlag() { flag_ = false; }
     RaisedFlag(const RaisedFlag&) = delete;
     RaisedFlag& operator=(const RaisedFlag&) = delete;
@@ -170,7 +170,7 @@ bool CQuarnelDlg::OnSysCommand(WPARAM command) {
 }
 
 bool CQuarnelDlg::OnPaint() {
-    if (!IsIconic(Window())) return false;
+    if (IsIconic(Window()) == FALSE) return false;
     PaintMinimised(Window(), icon_);
     return true;
 }

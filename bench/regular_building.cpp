@@ -87,10 +87,13 @@ RegularBuilding::RegularBuilding(const BuildingSize& size, std::string modelPath
 }
 
 void RegularBuilding::AddNodes() {
-    for (std::int32_t floor = 0; floor <= size_.stories; ++floor)
-        for (std::int32_t column = 0; column < columnsPerStory_; ++column)
-            nodes_.push_back({kBayX * (column % columnsPerRow_), kStoryHeight * floor,
-                              kBayZ * (column / columnsPerRow_), floor});
+    for (std::int32_t floor = 0; floor <= size_.stories; ++floor) {
+        for (std::int32_t column = 0; column < columnsPerStory_; ++column) {
+            const std::int32_t row = column / columnsPerRow_;
+            nodes_.push_back(
+                {kBayX * (column % columnsPerRow_), kStoryHeight * floor, kBayZ * row, floor});
+        }
+    }
 }
 
 void RegularBuilding::AddColumns(std::int32_t floor) {

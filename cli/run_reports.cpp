@@ -36,6 +36,10 @@ std::vector<std::string> SplitAtCommas(const std::string& line) {
     return fields;
 }
 
+int ToInteger(const std::string& text) {
+    return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
+}
+
 double ToNumber(const std::string& text) {
     return std::strtod(text.c_str(), nullptr);
 }
@@ -64,7 +68,7 @@ private:
         report_.passRows += count("PASS");
         report_.failRows += count("FAIL");
 
-        const int story = std::atoi(row[0].c_str());
+        const int story = ToInteger(row[0]);
         report_.stories = std::max(report_.stories, story);
         if (section_.starts_with("Story deformation angle  ") && isAverage_)
             ReadCheckRow(row, story, report_.angles);
@@ -99,9 +103,9 @@ LogReport ReadLog(const std::string& path) {
         if (const auto warning = TextAfter(line, "*** WARNING *** : "))
             report.warnings.push_back(*warning);
         if (const auto x = TextAfter(line, "  Earthquake load( X direc. ) case number : "))
-            report.earthquakeCaseX = std::atoi(x->c_str());
+            report.earthquakeCaseX = ToInteger(*x);
         if (const auto z = TextAfter(line, "  Earthquake load( Z or Y direc. ) case number : "))
-            report.earthquakeCaseZ = std::atoi(z->c_str());
+            report.earthquakeCaseZ = ToInteger(*z);
         if (line == "Ends printing story info in csv style...") report.resultsWritten = true;
     }
     return report;

@@ -28,7 +28,7 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 
 // Text of the file for a message of one line: without line ends, and no longer than a line reads.
 std::string OneLine(std::string text, std::size_t length) {
-    if (text.size() > length) text = text.substr(0, length) + "...";
+    if (text.size() > length) text.replace(length, std::string::npos, "...");
     for (char& character : text)
         if (static_cast<unsigned char>(character) < ' ') character = ' ';
     return text;
@@ -299,7 +299,7 @@ std::string ReadWholeFile(const std::string& path) {
     std::size_t count = 0;
     while ((count = std::fread(block.data(), 1, block.size(), file.get())) > 0)
         text.append(block.data(), count);
-    if (std::ferror(file.get()))
+    if (std::ferror(file.get()) != 0)
         throw QhmFileError(path + ": cannot be read; expected a host model file (.qhm)");
     return text;
 }

@@ -5,6 +5,7 @@
 namespace {
 
 constexpr std::uint32_t kNoAnswer = 0xFFFFFFFF;
+constexpr std::size_t kPositionsPerPage = 512;
 
 using Positions = std::unordered_map<std::int32_t, std::size_t>;
 
@@ -28,19 +29,24 @@ std::size_t Add(Positions& positions, std::vector<Record>& records, std::int32_t
 
 const SixDoubles* AnswerTable::Find(std::size_t position, std::int32_t loadCase) const {
     const auto row = rows_.find(loadCase);
-    if (row == rows_.end() || position >= row->second.size()) return nullptr;
-    const std::uint32_t slot = row->second[position];
+    const std::size_t page = position / kPositionsPerPage;
+    if (row == rows_.end() || page >= row->second.size() || row->second[page].empty())
+        return nullptr;
+    const std::uint32_t slot = row->second[page][position % kPositionsPerPage];
     return slot == kNoAnswer ? nullptr : &answers_[slot];
 }
 
 void AnswerTable::Store(std::size_t position, std::int32_t loadCase, const SixDoubles& answer) {
-    std::vector<std::uint32_t>& row = rows_[loadCase];
-    if (position >= row.size()) row.resize(position + 1, kNoAnswer);
-    if (row[position] == kNoAnswer) {
-        row[position] = static_cast<std::uint32_t>(answers_.size());
+    Row& row = rows_[loadCase];
+    const std::size_t page = position / kPositionsPerPage;
+    if (page >= row.size()) row.resize(page + 1);
+    if (row[page].empty()) row[page].assign(kPositionsPerPage, kNoAnswer);
+    std::uint32_t& slot = row[page][position % kPositionsPerPage];
+    if (slot == kNoAnswer) {
+        slot = static_cast<std::uint32_t>(answers_.size());
         answers_.push_back(answer);
     } else {
-        answers_[row[position]] = answer;
+        answers_[slot] = answer;
     }
 }
 

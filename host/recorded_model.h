@@ -12,8 +12,9 @@
 
 /// Six values per position (of a node or a member) and load case.
 ///
-/// A row per load case that has an answer holds one small index per position; the answers
-/// themselves lie one behind the other. Memory grows with the number of distinct answers.
+/// A row per load case that has an answer holds one small index per position, page by page where
+/// there is an answer; the answers themselves lie one behind the other. Memory grows with the
+/// number of distinct answers, also when each of many load cases has one for a late position.
 class AnswerTable {
 public:
     /// Null when there is no answer; good until the next Store.
@@ -28,7 +29,10 @@ public:
     std::vector<std::int32_t> LoadCases() const;
 
 private:
-    std::unordered_map<std::int32_t, std::vector<std::uint32_t>> rows_;
+    using Page = std::vector<std::uint32_t>;  ///< empty where no position has an answer
+    using Row = std::vector<Page>;
+
+    std::unordered_map<std::int32_t, Row> rows_;
     std::vector<SixDoubles> answers_;
 };
 

@@ -42,13 +42,13 @@ int StoryNumber(std::size_t index) {
 // One block of the tables of story deformation angles and of story stiffness ratios. The flags
 // name what a block does differently.
 struct Block {
-    const char* direction;
-    const char* dispType;
-    std::size_t axis;
-    PerDirectionByLoadCase StoryInfo::*dispByLoadCase;
-    PerDirection StoryInfo::*dispOfAll;
-    PerDirectionByLoadCase AijCodeRoute2::*rsBarByLoadCase;
-    PerDirection AijCodeRoute2::*rsBarOfAll;
+    const char* direction = nullptr;
+    const char* dispType = nullptr;
+    std::size_t axis = kX;
+    PerDirectionByLoadCase StoryInfo::*dispByLoadCase = nullptr;
+    PerDirection StoryInfo::*dispOfAll = nullptr;
+    PerDirectionByLoadCase AijCodeRoute2::*rsBarByLoadCase = nullptr;
+    PerDirection AijCodeRoute2::*rsBarOfAll = nullptr;
     bool repeatsLastAngleVerdict = false;
     bool allRowDividesByAnyHeight = false;
 };

@@ -146,8 +146,8 @@ private:
     /// Where a member's two end nodes stand in nodeNumbers. A node that is not there has no
     /// value.
     struct MemberEnds {
-        std::int32_t startNode;
-        std::int32_t endNode;
+        std::int32_t startNode = 0;
+        std::int32_t endNode = 0;
         std::optional<std::size_t> start;
         std::optional<std::size_t> end;
         bool BothFound() const { return start && end; }

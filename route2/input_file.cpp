@@ -20,7 +20,7 @@ InputFile::InputFile(const std::string& path) : file_(std::fopen(path.c_str(), "
     if (!file_) return;
     // Some platforms open a folder and fail at the first read.
     const int first = std::fgetc(file_.get());
-    if (first == EOF && std::ferror(file_.get()))
+    if (first == EOF && std::ferror(file_.get()) != 0)
         file_.reset();
     else if (first != EOF)
         std::ungetc(first, file_.get());

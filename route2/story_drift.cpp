@@ -63,6 +63,8 @@ void StoryDriftReduction::Reduce(StoryInfo& story) {
 
     const std::size_t loadCases = byLoadCase_.size();
     const std::size_t records = story.members.size();
+    // As many as the story has members, in whole numbers.
+    const std::size_t recordsPerLoadCase = loadCases == 0 ? 0 : records / loadCases;
     story.maxRelativeDisp = {0.0, 0.0};
     story.meanRelativeDisp = {0.0, 0.0};
     for (const std::size_t axis : {kX, kZ}) {
@@ -75,7 +77,7 @@ void StoryDriftReduction::Reduce(StoryInfo& story) {
             const Running& running = byLoadCase_[firstPositions_[i]];
             story.maxRelativeDispByLoadCase[axis][i] = running.max[axis];
             story.meanRelativeDispByLoadCase[axis][i] =
-                running.sum[axis] / static_cast<double>(records / loadCases);
+                running.sum[axis] / static_cast<double>(recordsPerLoadCase);
         }
     }
 }

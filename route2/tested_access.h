@@ -19,7 +19,8 @@ Element& At(std::vector<Element>& elements, std::int64_t index) {
 
 template <typename Element>
 const Element& At(const std::vector<Element>& elements, std::int64_t index) {
-    return At(const_cast<std::vector<Element>&>(elements), index);
+    if (index < 0 || static_cast<std::uint64_t>(index) >= elements.size()) ThrowInvalidSubscript();
+    return elements[static_cast<std::size_t>(index)];
 }
 
 template <typename Element>

@@ -80,12 +80,12 @@ public:
 
 private:
     struct Method {
-        const char* name;
+        const char* name = nullptr;
         std::vector<VARTYPE> arguments;
         Answer answer;
     };
     struct Property {
-        const char* name;
+        const char* name = nullptr;
         Microsoft::WRL::ComPtr<IDispatch> object;
     };
 

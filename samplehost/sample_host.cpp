@@ -147,7 +147,7 @@ void AddResultsMethods(AutomationObject& results, const SharedModel& model) {
 }  // namespace
 
 ComPtr<IDispatch> MakeSampleHost(RecordedModel model, std::optional<std::wstring> modelPath,
-                                 std::shared_ptr<CallMeter> meter) {
+                                 const std::shared_ptr<CallMeter>& meter) {
     const auto shared = std::make_shared<SampleModel>(std::move(model), std::move(modelPath));
     std::array<Object, std::size(kSubObjects)> subObjects;
     const Object root = MakeObject(meter);

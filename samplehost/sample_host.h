@@ -17,4 +17,4 @@
 /// string. The objects live as long as anybody holds the root.
 Microsoft::WRL::ComPtr<IDispatch> MakeSampleHost(RecordedModel model,
                                                  std::optional<std::wstring> modelPath,
-                                                 std::shared_ptr<CallMeter> meter);
+                                                 const std::shared_ptr<CallMeter>& meter);

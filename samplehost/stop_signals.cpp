@@ -16,7 +16,7 @@ constexpr DWORD kPollMs = 20;
 BOOL WINAPI OnConsoleSignal(DWORD) {
     const HWND window = StopWindow::FindRunning();
     StopWindow::AskToStop();
-    for (DWORD waited = 0; IsWindow(window) && waited < kPatienceMs; waited += kPollMs)
+    for (DWORD waited = 0; IsWindow(window) != FALSE && waited < kPatienceMs; waited += kPollMs)
         Sleep(kPollMs);
     return TRUE;
 }
@@ -25,7 +25,8 @@ BOOL WINAPI OnConsoleSignal(DWORD) {
 void StopAtEnterKey() {
     char key = '\0';
     DWORD count = 0;
-    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), &key, 1, &count, nullptr) && count == 1) {
+    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), &key, 1, &count, nullptr) != FALSE &&
+           count == 1) {
         if (key == '\n') {
             StopWindow::AskToStop();
             return;

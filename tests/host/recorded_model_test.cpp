@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <limits>
 
 using testing::ElementsAre;
@@ -42,6 +43,33 @@ TEST(AnswerTable, ASecondAnswerReplacesTheFirst) {
     EXPECT_EQ(kTwo, *table.Find(0, 1));
     EXPECT_EQ(1u, table.size());
 }
+
+#ifdef __linux__
+
+// Memory of this process in use now, bytes.
+std::size_t MemoryInUse() {
+    std::ifstream file("/proc/self/statm");
+    std::size_t all = 0;
+    std::size_t resident = 0;
+    file >> all >> resident;
+    return resident * 4096;
+}
+
+// A file of a few hundred kilobytes can say this. One index for every position up to the last would
+// be 3000 * 100,000 * 4 bytes = 1.2 GB; pages of 512 indices and their list are below 10 kB a row.
+TEST(AnswerTable, OneLateAnswerInEachOfManyLoadCasesTakesLittleMemory) {
+    const std::size_t before = MemoryInUse();
+    AnswerTable table;
+    for (std::int32_t loadCase = 1; loadCase <= 3000; ++loadCase)
+        table.Store(100000, loadCase, {1.0 * loadCase, 0, 0, 0, 0, 0});
+    EXPECT_LT(MemoryInUse() - before, 100'000'000U);
+    ASSERT_NE(nullptr, table.Find(100000, 2999));
+    EXPECT_EQ(2999.0, (*table.Find(100000, 2999))[0]);
+    EXPECT_EQ(nullptr, table.Find(99999, 2999));
+    EXPECT_EQ(nullptr, table.Find(5, 2999));
+}
+
+#endif
 
 TEST(AnswerTable, GivesItsLoadCasesAscending) {
     AnswerTable table;

@@ -1,0 +1,72 @@
+#!/usr/bin/env bash
+# Static analysis of the product's own code; the exit code is 0 when there is no finding.
+# Usage: scripts/static-analysis.sh
+#
+# clang-tidy   the portable sources as they are compiled here, the Windows sources as they are
+#              cross-compiled; .clang-tidy says what is asked and why the rest is not
+# cppcheck     all sources, the tests' own tools included; .cppcheck-suppressions likewise
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+scripts/install-packages.sh "${native_packages[@]}" "${windows_packages[@]}" \
+    "${analysis_packages[@]}"
+
+work=build/static-analysis
+jobs=$(nproc)
+mkdir -p "$work"
+findings=0
+
+# Configures a preset without its tests; its compile commands are all that is needed of it.
+configure() {
+    local preset=$1
+    cmake --preset "$preset" -B "$work/$preset" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON \
+        -DQUARNEL_TESTS=OFF >"$work/$preset.log" 2>&1 || { cat "$work/$preset.log"; exit 1; }
+}
+
+# The product's C++ sources that a preset compiles and none before it did, one per line.
+sources_of() {
+    python3 - "$work" "$@" <<'PYTHON'
+import json, os, sys
+work, preset, *before = sys.argv[1:]
+def sources(name):
+    with open(f"{work}/{name}/compile_commands.json") as file:
+        return {entry["file"] for entry in json.load(file)}
+here = os.getcwd() + "/"
+new = sources(preset) - set().union(*map(sources, before))
+for file in sorted(new):
+    if file.startswith(here) and file.endswith(".cpp"):
+        print(file[len(here):])
+PYTHON
+}
+
+tidy() {
+    local preset=$1 log="$work/clang-tidy-$1.log"
+    shift
+    echo "== clang-tidy: $preset"
+    if ! xargs -r -P "$jobs" -n 1 clang-tidy -p "$work/$preset" --quiet "$@" >"$log" 2>&1; then
+        grep -E '^[^ ].*(warning|error):' "$log" | sort -u
+        findings=1
+    fi
+}
+
+configure native
+configure windows
+sources_of native | tidy native
+# clang needs to be told where the cross compiler keeps its C++ headers.
+cross_arguments=(--extra-arg=--target=x86_64-w64-mingw32)
+for folder in $(x86_64-w64-mingw32-g++-posix -E -x c++ -v /dev/null 2>&1 | grep -E '^ .*/c\+\+'); do
+    cross_arguments+=("--extra-arg-before=-isystem$folder")
+done
+sources_of windows native | tidy windows "${cross_arguments[@]}"
+
+echo "== cppcheck"
+cppcheck --quiet --std=c++20 --language=c++ -j "$jobs" -I . \
+    --enable=warning,performance,portability --inline-suppr \
+    --suppressions-list=.cppcheck-suppressions --error-exitcode=1 \
+    --template='{file}:{line}: {severity}: {message} [{id}]' \
+    --max-configs=4 \
+    $(ls -d app bench cli host report route2 samplehost tests/support tests/fuzz 2>/dev/null) \
+    || findings=1
+
+[ "$findings" = 0 ] && echo "no findings"
+exit "$findings"
