@@ -309,9 +309,8 @@ void AijCodeRoute2::PrintStoryInfoCsv() {
     try {
         ResultsWriter(*this).PrintSections();
     } catch (...) {
-        // The file stays open until the program ends: intended. Its rows must not wait in the
-        // stream until then, or they would go over the results of a later run.
-        std::fflush(resultFile);
+        // Left open, the file would be incomplete and in use until the program ends.
+        CloseResultFile();
         throw;
     }
     const bool noWriteFailed = std::ferror(resultFile) == 0;

@@ -80,8 +80,7 @@ public:
     double SetMemberHeight(std::int32_t member);           ///< mm, never negative
 
     // Files. The results stream is opened and closed by PrintStoryInfoCsv alone. An exception that
-    // ends the writing leaves the file complete up to the row that failed, and the stream open
-    // until the program ends.
+    // ends the writing leaves the file complete up to the row that failed.
     std::FILE* logFile = nullptr;
     std::FILE* resultFile = nullptr;
     bool resultFileWritten = false;  ///< all rows went to the results file, none was lost

@@ -28,6 +28,8 @@ void AijCodeRoute2::SetNodeInfo() {
     LogStart(logFile, "node info");
     std::vector<std::int32_t> list(static_cast<std::size_t>(hostLink->GetNodeCount()));
     hostLink->GetNodeList(list);
+    nodeNumbers.reserve(list.size());
+    nodeCoords.reserve(list.size());
     for (const std::int32_t node : list) {
         // The host is asked for every node before any is used; the answer comes again below.
         double x = 0.0, y = 0.0, z = 0.0;
@@ -61,6 +63,10 @@ bool AijCodeRoute2::SetMemberInfo() {
     LogStart(logFile, "member info");
     std::vector<std::int32_t> list(static_cast<std::size_t>(hostLink->GetMemberCount()));
     hostLink->GetMemberList(list);
+    memberNumbers.reserve(list.size());
+    memberAxisX.reserve(list.size());
+    memberAxisY.reserve(list.size());
+    memberAxisZ.reserve(list.size());
     for (const std::int32_t member : list) {
         std::int32_t startNode = 0, endNode = 0;
         hostLink->GetMemberIncidence(member, startNode, endNode);

@@ -27,15 +27,17 @@ add_fonts() {
     ln -sf /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$prefix/drive_c/windows/Fonts/"
 }
 
-# Wine's own remarks are left out.
+# The folder is the tool's drive D. Wine's own remarks are left out.
 show_run() {
-    wine build/windows/tests/show_run.exe "Z:$model" "Z:$input" 2> >(grep '^show_run' >&2)
+    ln -sfn "$folder" "$prefix/dosdevices/d:"
+    wine build/windows/tests/show_run.exe "D:\\${model##*/}" "D:\\${input##*/}" "$@" \
+        2> >(grep '^show_run' >&2)
 }
 
 show_to_the_user() {
     start_prefix "$prefix"
     echo "The dialog opens; it is yours after the run. Done closes it."
-    show_run </dev/tty
+    show_run --until-closed </dev/null
 }
 
 # The program keeps the dialog open until its standard input ends.

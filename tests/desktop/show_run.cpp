@@ -1,16 +1,14 @@
 // Shows the dialog at work: show_run MODEL INPUT serves the model, starts the tool, loads the
-// input and presses Compute. It prints the status lines and then "Shown."; it ends when the dialog
-// is closed, or when a line or the end comes on its standard input.
+// input and presses Compute. It prints the status lines and then "Shown."; it ends when a line or
+// the end comes on its standard input. With a third argument, --until-closed, it ends when the
+// user closes the dialog.
 
 #include <windows.h>
 
-#include <atomic>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
-#include <memory>
-#include <thread>
+#include <string>
 
 #include "host/narrow_text.h"
 #include "tests/desktop/running_tool.h"
@@ -18,7 +16,8 @@
 
 namespace {
 
-void ShowRun(const std::filesystem::path& model, const std::filesystem::path& input) {
+void ShowRun(const std::filesystem::path& model, const std::filesystem::path& input,
+             bool untilClosed) {
     const SampleHostProcess host(model);
     RunningTool tool(model.parent_path());
     SetForegroundWindow(tool.Dialog());
@@ -29,13 +28,12 @@ void ShowRun(const std::filesystem::path& model, const std::filesystem::path& in
     std::printf("Shown.\n");
     std::fflush(stdout);
 
-    const auto told = std::make_shared<std::atomic<bool>>(false);
-    std::thread([told] {
+    if (untilClosed) {
+        while (!tool.HasEnded())
+            Sleep(50);
+    } else {
         std::getchar();
-        *told = true;
-    }).detach();
-    while (!*told && !tool.HasEnded())
-        Sleep(50);
+    }
 }
 
 std::filesystem::path FullPath(const char* argument) {
@@ -46,16 +44,16 @@ std::filesystem::path FullPath(const char* argument) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "Usage: show_run MODEL INPUT\n");
+    const bool untilClosed = argc == 4 && std::string(argv[3]) == "--until-closed";
+    if (argc != 3 && !untilClosed) {
+        std::fprintf(stderr, "Usage: show_run MODEL INPUT [--until-closed]\n");
         return 2;
     }
     try {
-        ShowRun(FullPath(argv[1]), FullPath(argv[2]));
-        // The reader of the standard input may still wait; it ends with the process.
-        std::_Exit(0);
+        ShowRun(FullPath(argv[1]), FullPath(argv[2]), untilClosed);
+        return 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "show_run: %s\n", failure.what());
-        std::_Exit(1);
+        return 1;
     }
 }
