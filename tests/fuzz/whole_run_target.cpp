@@ -9,7 +9,6 @@
 #endif
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <iterator>
 #include <set>
@@ -55,7 +54,7 @@ std::set<int> OpenFiles() {
     std::set<int> files;
     std::error_code none;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", none))
-        files.insert(std::atoi(entry.path().filename().c_str()));
+        files.insert(std::stoi(entry.path().filename().string()));
     return files;
 }
 
