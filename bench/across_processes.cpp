@@ -1,7 +1,8 @@
 // quarnel-bench-across INPUT.csv [REPETITIONS]: runs the checks on the running host and compares
-// the time of a run with its distinct questions times the cost of one call. That cost is measured
-// twice: inside the run, where both have the machine to themselves alike, and by asking the same
-// questions once more and doing nothing else. Prints one row of a Markdown table.
+// the time of a run with its distinct questions times the cost of one call. To measure that cost,
+// every call of the run is made twice and the time of the one set apart from the time of the
+// other: whatever else the machine does meanwhile weighs on both alike. Prints one row of a
+// Markdown table.
 
 #include <windows.h>
 
@@ -17,7 +18,6 @@
 #include <vector>
 
 #include "app/compute_run.h"
-#include "bench/ask_again.h"
 #include "bench/question_counter.h"
 #include "host/host_link.h"
 #include "host/remembering_host.h"
@@ -39,63 +39,43 @@ double Seconds(const Work& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-// One run, from before it connects until its log is closed.
-class LiveRun {
-public:
-    explicit LiveRun(const std::string& inputPath) {
-        SilentStatusList status;
-        ReportPaths reports;
-        const auto connect = [this]() -> HostQueries* {
-            return link_.Connect() == 1 ? &remembering_ : nullptr;
-        };
-        RunOutcome outcome;
-        seconds_ = Seconds([&] { outcome = RunCompute(inputPath, connect, status, reports); });
-        if (!outcome.complete) throw std::runtime_error(outcome.failure);
-        if (counter_.Asked() != counter_.Distinct())
-            throw std::runtime_error("a question reached the host twice");
-    }
-
-    double seconds() const { return seconds_; }
-    double SecondsOfCalls() const { return counter_.SecondsInside(); }
-    std::uint64_t Questions() const { return counter_.Distinct(); }
-
-    // Seconds that the same questions take, asked once more.
-    double SecondsOfAskingAgain() {
-        std::uint64_t asked = 0;
-        const double seconds = Seconds([&] { asked = AskAgain(remembering_.Memory(), link_); });
-        if (asked != Questions())
-            throw std::runtime_error("what was asked again is not what the run asks");
-        return seconds;
-    }
-
-private:
-    HostLink link_;
-    QuestionCounter counter_{link_};
-    RememberingHost remembering_{counter_};
-    double seconds_ = 0.0;
+struct LiveRun {
+    double questions;
+    double seconds;         // from before it connects until its log is closed
+    double secondsOfCalls;  // of the second set of calls, which `seconds` leaves out
 };
 
+LiveRun RunChecks(const std::string& inputPath) {
+    HostLink link;
+    QuestionCounter counter(link);
+    counter.TimeSecondAsking();
+    RememberingHost remembering(counter);
+    SilentStatusList status;
+    ReportPaths reports;
+    RunOutcome outcome;
+    const auto connect = [&]() -> HostQueries* {
+        return link.Connect() == 1 ? &remembering : nullptr;
+    };
+    const double seconds =
+        Seconds([&] { outcome = RunCompute(inputPath, connect, status, reports); });
+    if (!outcome.complete) throw std::runtime_error(outcome.failure);
+    if (counter.Asked() != counter.Distinct())
+        throw std::runtime_error("a question reached the host twice");
+    return {static_cast<double>(counter.Distinct()), seconds - counter.SecondsOfSecondAsking(),
+            counter.SecondsOfSecondAsking()};
+}
+
 void Compare(const std::string& inputPath, int repetitions) {
-    // Taken in turns, so that whatever else the machine does weighs on all alike.
-    std::vector<double> runs, inside, again, ratiosInside, ratiosAgain;
-    double questions = 0.0;
-    for (int i = 0; i < repetitions; ++i) {
-        LiveRun run(inputPath);
-        questions = static_cast<double>(run.Questions());
-        runs.push_back(run.seconds());
-        inside.push_back(1e3 * run.SecondsOfCalls() / questions);
-        ratiosInside.push_back(run.seconds() / run.SecondsOfCalls());
-        const double secondsAgain = run.SecondsOfAskingAgain();
-        again.push_back(1e3 * secondsAgain / questions);
-        ratiosAgain.push_back(run.seconds() / secondsAgain);
-    }
-    std::printf("%.0f | %.3f | %.4f | %.3f | %.4f | %.3f |\n", questions, Median(runs),
-                Median(inside), Median(ratiosInside), Median(again), Median(ratiosAgain));
+    std::vector<LiveRun> runs;
+    for (int i = 0; i < repetitions; ++i)
+        runs.push_back(RunChecks(inputPath));
+    const auto ratio = [](const LiveRun& run) { return run.seconds / run.secondsOfCalls; };
+    std::sort(runs.begin(), runs.end(),
+              [&](const LiveRun& a, const LiveRun& b) { return ratio(a) < ratio(b); });
+    const LiveRun& median = runs[runs.size() / 2];
+    std::printf("%.0f | %.4f | %.3f | %.3f | %.3f | %.3f to %.3f |\n", median.questions,
+                1e3 * median.secondsOfCalls / median.questions, median.secondsOfCalls,
+                median.seconds, ratio(median), ratio(runs.front()), ratio(runs.back()));
 }
 
 }  // namespace

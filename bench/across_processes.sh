@@ -31,7 +31,7 @@ start_host() {
 stop_host() { wine "$bin/SampleHost.exe" --stop </dev/null >/dev/null 2>&1 || true; }
 
 cat <<'TABLE'
-| members, stories, load cases | delay ms | questions | run s | ms per call in the run | run / (questions x call) | ms per call, asked again | run / (questions x call) |
+| members, stories, load cases | delay ms | distinct questions | ms per call | questions x call s | run s | run / (questions x call) | in all runs |
 |---|---:|---:|---:|---:|---:|---:|---:|
 TABLE
 for size in "300 5 5" "1000 10 5"; do

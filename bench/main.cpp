@@ -23,10 +23,10 @@ constexpr BuildingSize kSizes[] = {
     {1000, 10, 5},   {5000, 20, 20},  kLarge,          {10000, 40, 60}, {40000, 40, 60},
     {20000, 10, 60}, {20000, 20, 60}, {20000, 60, 60}, {20000, 40, 5},  {20000, 40, 30}};
 constexpr Growth kGrowths[] = {
-    {"Twice the members", {10000, 40, 60}, kLarge},
-    {"Twice the members again", kLarge, {40000, 40, 60}},
-    {"Twice the stories", {20000, 20, 60}, kLarge},
-    {"Twice the load cases", {20000, 40, 30}, kLarge},
+    {"members 10,000 to 20,000", {10000, 40, 60}, kLarge},
+    {"members 20,000 to 40,000", kLarge, {40000, 40, 60}},
+    {"stories 20 to 40", {20000, 20, 60}, kLarge},
+    {"load cases 30 to 60", {20000, 40, 30}, kLarge},
 };
 
 std::string NameOf(const BuildingSize& size, Way way) {

@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr int kRepetitions = 9;
+constexpr int kRepetitions = 15;
 constexpr int kPlainRepetitions = 3;  // slow, and the more even for it
 
 }  // namespace

@@ -37,7 +37,10 @@ template <typename Query>
 auto QuestionCounter::Ask(const Question& question, const Query& query) {
     ++asked_;
     distinct_.insert(question);
-    const StopWatch watch(secondsInside_);
+    if (timesSecondAsking_) {
+        const StopWatch watch(secondsOfSecondAsking_);
+        query();
+    }
     return query();
 }
 

@@ -6,16 +6,19 @@
 #include "host/host_queries.h"
 
 /// Stands in front of a host, hands every question on and counts: all questions, and the
-/// distinct ones among them. Also adds up the time that the host takes to answer. Keeps one small
-/// record per distinct question.
+/// distinct ones among them. Keeps one small record per distinct question.
 class QuestionCounter : public HostQueries {
 public:
     /// Borrows `host`, which must outlive the counter.
     explicit QuestionCounter(HostQueries& host) : host_(host) {}
 
+    /// From now on asks the host every question a second time, at once, and measures how long
+    /// that takes. The second asking does not count.
+    void TimeSecondAsking() { timesSecondAsking_ = true; }
+
     std::uint64_t Asked() const { return asked_; }
     std::uint64_t Distinct() const { return distinct_.size(); }
-    double SecondsInside() const { return secondsInside_; }
+    double SecondsOfSecondAsking() const { return secondsOfSecondAsking_; }
 
     std::string GetModelFilePath() override;
     void PostConnectCall() override;
@@ -58,6 +61,7 @@ private:
 
     HostQueries& host_;
     std::uint64_t asked_ = 0;
-    double secondsInside_ = 0.0;
+    bool timesSecondAsking_ = false;
+    double secondsOfSecondAsking_ = 0.0;
     std::unordered_set<Question, HashOfQuestion> distinct_;
 };

@@ -3,11 +3,16 @@
 #include <cstdio>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
 // Shorter steps say more about the clock than about themselves.
 constexpr double kMeasurableSeconds = 0.002;
+
+// Status lines without a step behind them.
+constexpr double kNoWorkSeconds = 0.00003;
 
 void PrintRunsAgainstPlain(const Measurements& measurements, std::span<const BuildingSize> sizes) {
     std::printf(
@@ -45,6 +50,7 @@ void PrintSteps(const Measurements& measurements, const BuildingSize& size) {
         "ours |\n|---|---:|---:|---:|---:|---:|---:|---:|\n");
     for (std::size_t i = 0; i < run->steps.size(); ++i) {
         const Usage& step = run->steps[i].usage;
+        if (step.asked == 0 && step.seconds < kNoWorkSeconds) continue;
         const double plainSeconds = plain->steps[i].usage.seconds;
         std::printf("| %s | %llu | %llu | %llu | %.1f | %.0f | %.1f |", run->steps[i].name.c_str(),
                     static_cast<unsigned long long>(step.asked),
@@ -66,21 +72,35 @@ std::string Ratio(const Usage& from, const Usage& to) {
 }
 
 void PrintGrowths(const Measurements& measurements, std::span<const Growth> growths) {
+    std::vector<std::pair<const RunUsage*, const RunUsage*>> pairs;
+    std::string head = "| status line |", rule = "|---|";
     for (const Growth& growth : growths) {
         const RunUsage* from = measurements.Find(growth.from, Way::kProduct);
         const RunUsage* to = measurements.Find(growth.to, Way::kProduct);
         if (from == nullptr || to == nullptr) continue;
-        std::printf("\n%s (%d, %d, %d to %d, %d, %d members, stories, load cases):\n\n",
-                    growth.what, growth.from.members, growth.from.stories, growth.from.loadCases,
-                    growth.to.members, growth.to.stories, growth.to.loadCases);
-        std::printf("| status line | time grows |\n|---|---:|\n");
-        for (std::size_t i = 0; i < to->steps.size(); ++i) {
-            const std::string ratio = Ratio(from->steps[i].usage, to->steps[i].usage);
-            if (!ratio.empty())
-                std::printf("| %s | %s |\n", to->steps[i].name.c_str(), ratio.c_str());
-        }
-        std::printf("| whole run | %s |\n", Ratio(from->whole, to->whole).c_str());
+        pairs.emplace_back(from, to);
+        head += std::string(" ") + growth.what + " |";
+        rule += "---:|";
     }
+    if (pairs.empty()) return;
+    std::printf(
+        "\nHow time grows when one size doubles (steps below %.0f ms left out):\n\n%s\n%s\n",
+        1e3 * kMeasurableSeconds, head.c_str(), rule.c_str());
+    for (std::size_t i = 0; i < pairs.front().first->steps.size(); ++i) {
+        std::string row;
+        bool isMeasurable = false;
+        for (const auto& [from, to] : pairs) {
+            const std::string ratio = Ratio(from->steps[i].usage, to->steps[i].usage);
+            isMeasurable |= !ratio.empty();
+            row += " " + ratio + " |";
+        }
+        if (isMeasurable)
+            std::printf("| %s |%s\n", pairs.front().first->steps[i].name.c_str(), row.c_str());
+    }
+    std::printf("| whole run |");
+    for (const auto& [from, to] : pairs)
+        std::printf(" %s |", Ratio(from->whole, to->whole).c_str());
+    std::printf("\n");
 }
 
 }  // namespace

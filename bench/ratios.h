@@ -4,7 +4,7 @@
 
 #include "bench/measurements.h"
 
-/// Two buildings of which the second has more of one thing, and of which.
+/// Two buildings of which the second has twice as much of one thing; what, in words.
 struct Growth {
     const char* what;
     BuildingSize from;

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "app/compute_run.h"
-#include "bench/ask_again.h"
 #include "bench/question_counter.h"
 #include "bench/regular_building.h"
 #include "host/remembering_host.h"
@@ -59,20 +58,6 @@ TEST(RememberedRun, AsksTheHostEachDistinctQuestionOnce) {
 
     EXPECT_EQ(asked.Distinct(), reached.Asked());
     EXPECT_EQ(asked.Distinct(), reached.Distinct());
-}
-
-TEST(RememberedRun, HasInItsMemoryExactlyWhatItAsked) {
-    BuildingRun run;
-    QuestionCounter reached(run.building);
-    RememberingHost remembering(reached);
-    ASSERT_TRUE(run.Run(remembering).complete);
-    QuestionCounter again(run.building);
-
-    EXPECT_EQ(reached.Asked(), AskAgain(remembering.Memory(), again));
-    EXPECT_EQ(reached.Asked(), again.Asked());
-    EXPECT_EQ(reached.Asked(), again.Distinct());
-    AskAgain(remembering.Memory(), reached);
-    EXPECT_EQ(again.Distinct(), reached.Distinct());
 }
 
 TEST(RememberedRun, ForgetsNothingAndAsksNothingInASecondRun) {
