@@ -33,7 +33,10 @@ std::optional<std::wstring> AskForInputFile(HWND owner) {
     // The Help button is shown, but there is no help to open: the dialog's message about it is
     // left to the default processing.
     dialog.Flags = OFN_HIDEREADONLY | OFN_SHOWHELP;
-    if (GetOpenFileNameW(&dialog) != FALSE) return std::wstring(path.c_str());
+    if (GetOpenFileNameW(&dialog) != FALSE) {
+        path.resize(path.find(L'\0'));
+        return path;
+    }
     if (const DWORD error = CommDlgExtendedError(); error != 0) {
         throw std::runtime_error("The file dialog failed with error " + std::to_string(error) +
                                  ".");

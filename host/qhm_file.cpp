@@ -28,7 +28,10 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 
 // Text of the file for a message of one line: without line ends, and no longer than a line reads.
 std::string OneLine(std::string text, std::size_t length) {
-    if (text.size() > length) text.replace(length, std::string::npos, "...");
+    if (text.size() > length) {
+        text.resize(length);
+        text += "...";
+    }
     for (char& character : text)
         if (static_cast<unsigned char>(character) < ' ') character = ' ';
     return text;

@@ -63,8 +63,6 @@ void StoryDriftReduction::Reduce(StoryInfo& story) {
 
     const std::size_t loadCases = byLoadCase_.size();
     const std::size_t records = story.members.size();
-    // As many as the story has members, in whole numbers.
-    const std::size_t recordsPerLoadCase = loadCases == 0 ? 0 : records / loadCases;
     story.maxRelativeDisp = {0.0, 0.0};
     story.meanRelativeDisp = {0.0, 0.0};
     for (const std::size_t axis : {kX, kZ}) {
@@ -75,6 +73,8 @@ void StoryDriftReduction::Reduce(StoryInfo& story) {
         story.meanRelativeDisp[axis] = all.sum[axis] / static_cast<double>(records);
         for (std::size_t i = 0; i < loadCases; ++i) {
             const Running& running = byLoadCase_[firstPositions_[i]];
+            // As many as the story has members, in whole numbers.
+            const std::size_t recordsPerLoadCase = records / loadCases;
             story.maxRelativeDispByLoadCase[axis][i] = running.max[axis];
             story.meanRelativeDispByLoadCase[axis][i] =
                 running.sum[axis] / static_cast<double>(recordsPerLoadCase);

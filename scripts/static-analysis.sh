@@ -51,13 +51,15 @@ tidy() {
 
 configure native
 configure windows
-sources_of native | tidy native
+sources_of native >"$work/native.sources"
+tidy native <"$work/native.sources"
 # clang needs to be told where the cross compiler keeps its C++ headers.
 cross_arguments=(--extra-arg=--target=x86_64-w64-mingw32)
 for folder in $(x86_64-w64-mingw32-g++-posix -E -x c++ -v /dev/null 2>&1 | grep -E '^ .*/c\+\+'); do
     cross_arguments+=("--extra-arg-before=-isystem$folder")
 done
-sources_of windows native | tidy windows "${cross_arguments[@]}"
+sources_of windows native >"$work/windows.sources"
+tidy windows "${cross_arguments[@]}" <"$work/windows.sources"
 
 echo "== cppcheck"
 cppcheck --quiet --std=c++20 --language=c++ -j "$jobs" -I . \
@@ -68,5 +70,5 @@ cppcheck --quiet --std=c++20 --language=c++ -j "$jobs" -I . \
     $(ls -d app bench cli host report route2 samplehost tests/support tests/fuzz 2>/dev/null) \
     || findings=1
 
-[ "$findings" = 0 ] && echo "no findings"
+[ "$findings" = 1 ] || echo "no findings"
 exit "$findings"

@@ -59,12 +59,15 @@ FileType::~FileType() {
     RegisterOrForget(extension_, before_);
 }
 
+// The record cannot be read or removed while the opener's hold on it lasts.
 std::string FileType::TakeOpenedPath() {
-    WaitFor("a file to be opened", [this] { return HasOpened(); });
-    std::ifstream record(record_, std::ios::binary);
-    const std::string path{std::istreambuf_iterator<char>(record), {}};
-    record.close();
-    std::filesystem::remove(record_);
+    std::string path;
+    WaitFor("a file to be opened", [this, &path] {
+        std::ifstream record(record_, std::ios::binary);
+        path.assign(std::istreambuf_iterator<char>(record), {});
+        return !path.empty();
+    });
+    WaitFor("the record to be let go", [this] { return DeleteFileW(record_.c_str()) != FALSE; });
     return path;
 }
 

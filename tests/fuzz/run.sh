@@ -1,4 +1,4 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # Runs every fuzz target for a number of seconds, one after the other:
 #
 #     tests/fuzz/run.sh SECONDS [TARGET...]
@@ -6,7 +6,7 @@
 # TARGET: input_readers, qhm_file, whole_run. What the fuzzer learns is kept in build/fuzz/corpus
 # for the next time. A finding ends its target and is saved in build/fuzz/findings/TARGET; when it
 # is fixed, put the file into tests/fuzz/regressions/TARGET, where every test run replays it.
-set -eu
+set -euo pipefail
 
 if [ $# -lt 1 ]; then
     echo "usage: tests/fuzz/run.sh SECONDS [TARGET...]" >&2
@@ -17,10 +17,8 @@ shift
 [ $# -gt 0 ] || set -- input_readers qhm_file whole_run
 
 cd "$(dirname "$0")/../.."
-if ! clang++ --version >/dev/null 2>&1; then
-    echo "tests/fuzz/run.sh: clang++ is missing: install Debian's clang and libclang-rt-14-dev" >&2
-    exit 2
-fi
+. scripts/packages.sh
+scripts/install-packages.sh "${native_packages[@]}" "${fuzz_packages[@]}"
 cmake --preset fuzz
 cmake --build --preset fuzz
 

@@ -423,3 +423,16 @@ TEST_F(QhmFile, AFolderThatDoesNotExistIsAnErrorWithThePath) {
     const std::string path = folder.Path("gone/tower.qhm");
     EXPECT_THAT(WriteError(SmallModel(), path), AllOf(StartsWith(path), Not(HasSubstr("\n"))));
 }
+
+#ifndef _WIN32
+
+// A device that is always full stands in for a full disk.
+TEST_F(QhmFile, AFullDiskIsAnErrorThatLeavesTheOlderFile) {
+    const std::string path = folder.Write("tower.qhm", "earlier\n");
+    std::filesystem::create_symlink("/dev/full", folder.Path("tower.qhm.part"));
+    EXPECT_THAT(WriteError(SmallModel(), path), AllOf(StartsWith(path), HasSubstr("disk is full")));
+    EXPECT_EQ("earlier\n", folder.Read("tower.qhm"));
+    EXPECT_FALSE(std::filesystem::is_symlink(folder.Path("tower.qhm.part")));
+}
+
+#endif
