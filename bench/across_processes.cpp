@@ -20,6 +20,7 @@
 #include "bench/question_counter.h"
 #include "host/host_link.h"
 #include "host/remembering_host.h"
+#include "route2/input_file.h"
 
 namespace {
 
@@ -88,7 +89,7 @@ int main(int argc, char** argv) {
     }
     CoInitialize(nullptr);
     try {
-        Compare(arguments[1], arguments.size() == 3 ? std::stoi(arguments[2]) : kRepetitions);
+        Compare(arguments[1], arguments.size() == 3 ? ToInteger(arguments[2]) : kRepetitions);
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "quarnel-bench-across: " << error.what() << "\n";

@@ -13,6 +13,7 @@
 #include "bench/regular_building.h"
 #include "host/qhm_file.h"
 #include "host/remembering_host.h"
+#include "route2/input_file.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ public:
 };
 
 BuildingSize ReadSize(std::span<char*, 3> numbers) {
-    const BuildingSize size{std::stoi(numbers[0]), std::stoi(numbers[1]), std::stoi(numbers[2])};
+    const BuildingSize size{ToInteger(numbers[0]), ToInteger(numbers[1]), ToInteger(numbers[2])};
     if (size.stories < 1 || size.members / size.stories < 2 || size.loadCases < 3)
         throw std::invalid_argument(
             "a building has a story, two members per story and three load cases at least");
