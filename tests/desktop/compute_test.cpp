@@ -109,6 +109,13 @@ protected:
         };
     }
 
+    // A run that were entered again would wait for this host, which waits for the answer.
+    void IsAnsweredAtOnce(UINT message, WPARAM wParam) {
+        EXPECT_NE(
+            0, SendMessageTimeoutW(tool_.Dialog(), message, wParam, 0, SMTO_NORMAL, 20000, nullptr))
+            << "message " << message << ", " << wParam;
+    }
+
     HRESULT AnswerModelPath(FakeCall& call) {
         if (call.id() == kGetModelFilePath.id && call.argumentCount() > 0) {
             BSTR& path = call.stringOutput(1);
@@ -401,17 +408,18 @@ TEST_F(FailingHost, IsKeptByEveryRunAndNeverReleased) {
 // While the tool waits for the host's answer it takes messages that other programs send; none of
 // them is obeyed.
 TEST_F(FailingHost, InTheMiddleOfACallTheDialogObeysNothing) {
-    host_.rootMethods = [this](FakeCall& call) {
-        if (call.id() != kGetModelFilePath.id) return S_OK;
-        for (const WPARAM command : {kExit, kCompute, kViewLog}) {
-            SendMessageW(tool_.Dialog(), WM_COMMAND, command, 0);
-        }
-        SendMessageW(tool_.Dialog(), WM_SYSCOMMAND, SC_CLOSE, 0);
-        SendMessageW(tool_.Dialog(), WM_CLOSE, 0, 0);
+    int calls = 0;
+    host_.rootMethods = [this, &calls](FakeCall& call) {
+        if (call.id() != kGetModelFilePath.id || ++calls > 1) return S_OK;
+        for (const WPARAM command : {kExit, kCompute, kViewLog})
+            IsAnsweredAtOnce(WM_COMMAND, command);
+        IsAnsweredAtOnce(WM_SYSCOMMAND, SC_CLOSE);
+        IsAnsweredAtOnce(WM_CLOSE, 0);
         return call.FailWithException(L"Host", L"Too busy.", E_FAIL);
     };
     EXPECT_THAT(MessageOfCompute(), testing::HasSubstr(L"Too busy."));
     tool_.Post(WM_NULL);
+    EXPECT_EQ(1, calls);
     EXPECT_FALSE(tool_.HasPopup());
     EXPECT_FALSE(tool_.HasEnded());
     EXPECT_TRUE(tool_.StatusLines().empty());
