@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <span>
@@ -21,6 +20,7 @@
 #include "bench/question_counter.h"
 #include "host/host_link.h"
 #include "host/remembering_host.h"
+#include "route2/input_file.h"
 
 namespace {
 
@@ -66,6 +66,7 @@ LiveRun RunChecks(const std::string& inputPath) {
 }
 
 void Compare(const std::string& inputPath, int repetitions) {
+    if (repetitions < 1) throw std::invalid_argument("REPETITIONS is 1 or more");
     std::vector<LiveRun> runs;
     for (int i = 0; i < repetitions; ++i)
         runs.push_back(RunChecks(inputPath));
@@ -88,7 +89,7 @@ int main(int argc, char** argv) {
     }
     CoInitialize(nullptr);
     try {
-        Compare(arguments[1], arguments.size() == 3 ? std::atoi(arguments[2]) : kRepetitions);
+        Compare(arguments[1], arguments.size() == 3 ? ToInteger(arguments[2]) : kRepetitions);
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "quarnel-bench-across: " << error.what() << "\n";

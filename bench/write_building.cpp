@@ -1,7 +1,6 @@
 // quarnel-bench-building MEMBERS STORIES LOADCASES FILE.qhm: writes a generated building as a host
 // model file, with its Route 2 Input file beside it (FILE.csv).
 
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -14,6 +13,7 @@
 #include "bench/regular_building.h"
 #include "host/qhm_file.h"
 #include "host/remembering_host.h"
+#include "route2/input_file.h"
 
 namespace {
 
@@ -22,6 +22,14 @@ public:
     void Clear() override {}
     void Append(StatusText) override {}
 };
+
+BuildingSize ReadSize(std::span<char*, 3> numbers) {
+    const BuildingSize size{ToInteger(numbers[0]), ToInteger(numbers[1]), ToInteger(numbers[2])};
+    if (size.stories < 1 || size.members / size.stories < 2 || size.loadCases < 3)
+        throw std::invalid_argument(
+            "a building has a story, two members per story and three load cases at least");
+    return size;
+}
 
 // Every question of a run, and so everything that a recorded building has to answer, is
 // remembered on the way.
@@ -51,8 +59,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        WriteBuilding({std::atoi(arguments[1]), std::atoi(arguments[2]), std::atoi(arguments[3])},
-                      arguments[4]);
+        WriteBuilding(ReadSize(arguments.subspan<1, 3>()), arguments[4]);
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "quarnel-bench-building: " << error.what() << "\n";
