@@ -18,12 +18,11 @@ mkdir -p build
 find build/coverage -name '*.gcda' -delete
 ctest --preset coverage -j "$(nproc)" "$@" </dev/null >>"$log" 2>&1 ||
     { tail -n 30 "$log"; exit 1; }
-gcovr --root . --filter 'route2/' --filter 'report/' --filter 'host/' \
-    --exclude-throw-branches --exclude-unreachable-branches \
-    --html-details build/coverage/report.html --txt-summary --txt build/coverage/lines.txt \
-    --object-directory build/coverage
-echo
-cat build/coverage/lines.txt
-echo
-gcovr --root . --filter 'route2/' --filter 'report/' --filter 'host/' --branches \
-    --exclude-throw-branches --exclude-unreachable-branches --object-directory build/coverage
+measure() {
+    gcovr --root . --filter 'route2/' --filter 'report/' --filter 'host/' \
+        --exclude-throw-branches --exclude-unreachable-branches "$@" \
+        build/coverage/{app,host,report,route2,tests}
+}
+measure --html-details build/coverage/report.html >/dev/null
+measure
+measure --branches
