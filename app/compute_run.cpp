@@ -110,8 +110,10 @@ void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
     }
 }
 
-// Closes the log, and notes which reports could not be written to their end.
+// Closes the log, and notes which reports are whole and which could not be written to their end.
 void CloseLog(const AijCodeRoute2& engine, RunOutcome& outcome) {
+    outcome.opensLog = engine.logFile != nullptr;
+    outcome.resultsWritten = engine.resultFileWritten;
     if (engine.resultFile != nullptr && !engine.resultFileWritten)
         outcome.incompleteReports.push_back(engine.resultFilePath);
     if (engine.logFile == nullptr) return;
@@ -149,7 +151,6 @@ RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& con
     RunGuarded(engine, modelPath, inputFilePath, status, reports, outcome);
 
     status.Append(StatusText::kFinishes);
-    outcome.opensLog = engine.logFile != nullptr;
     CloseLog(engine, outcome);
     status.Append(StatusText::kClosingLog);
     return outcome;

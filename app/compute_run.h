@@ -30,6 +30,7 @@ struct ReportPaths {
 struct RunOutcome {
     bool complete = false;    ///< the status list reached "Calculation Complete"
     bool opensLog = false;    ///< the run wrote a log, at ReportPaths::logFile
+    bool resultsWritten = false;  ///< every row is in the results, at ReportPaths::resultFile
     bool hostFailed = false;  ///< a host call failed, which ended the run
     std::string failure;      ///< why a run that is not complete ended, one sentence without a stop
 

@@ -1,5 +1,6 @@
 #include "cli/check_command.h"
 
+#include <algorithm>
 #include <iostream>
 
 #include "cli/run_reports.h"
@@ -27,17 +28,22 @@ void CautionAboutLoadCases(const std::string& inputPath) {
                      "elsewhere or end it with a comma\n";
 }
 
-void PrintReports(const ReportPaths& reports) {
+// Verdicts are shown from whole reports only: a table with rows missing could pass for good.
+void PrintReports(const ReportPaths& reports, const RunOutcome& outcome) {
+    const auto isIncomplete = [&outcome](const std::string& path) {
+        return std::ranges::find(outcome.incompleteReports, path) !=
+               outcome.incompleteReports.end();
+    };
+    const auto place = [&isIncomplete](const std::string& path) {
+        return isIncomplete(path) ? path + " (incomplete)" : path;
+    };
     const LogReport log = ReadLog(reports.logFile);
-    if (log.resultsWritten)
+    if (outcome.resultsWritten && !isIncomplete(reports.logFile))
         PrintVerdicts(std::cout, log, ReadResults(reports.resultFile), StandardOutputShowsColor());
     PrintWarnings(std::cout, log);
-    std::cout << "\nLog:     " << reports.logFile << "\n";
-    if (log.resultsWritten)
-        std::cout << "Results: " << reports.resultFile << "\n";
-    else
-        std::cout << "Results: none written by this run\n";
-    std::cout.flush();
+    const bool hasResults = outcome.resultsWritten || isIncomplete(reports.resultFile);
+    std::cout << "\nLog:     " << place(reports.logFile) << "\nResults: "
+              << (hasResults ? place(reports.resultFile) : "none written by this run") << std::endl;
 }
 
 // A run overwrites its two reports; an input file must not be one of them.
@@ -61,7 +67,7 @@ RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inpu
         outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
         outcome.failure = error.what();
     }
-    if (outcome.opensLog) PrintReports(reports);
+    if (outcome.opensLog) PrintReports(reports, outcome);
     for (const std::string& report : outcome.incompleteReports)
         std::cerr << "quarnel-cli: caution: " << report
                   << " is incomplete: it could not be written to its end; see that the disk has "

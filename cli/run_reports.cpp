@@ -2,16 +2,23 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string_view>
+#include <system_error>
+
+#include "host/native_path.h"
 
 namespace {
 
 constexpr std::string_view kDirectionX = "X";
 constexpr std::string_view kDirectionZ = "Z(or Y)";
 
+// No lines of anything but a file: a device in a report's place may have no end.
 std::vector<std::string> ReadLines(const std::string& path) {
     std::vector<std::string> lines;
+    std::error_code unreadable;
+    if (!std::filesystem::is_regular_file(NativePath(path), unreadable)) return lines;
     std::ifstream file(path);
     for (std::string line; std::getline(file, line);) {
         if (line.ends_with('\r')) line.pop_back();
@@ -106,7 +113,6 @@ LogReport ReadLog(const std::string& path) {
             report.earthquakeCaseX = ToInteger(*x);
         if (const auto z = TextAfter(line, "  Earthquake load( Z or Y direc. ) case number : "))
             report.earthquakeCaseZ = ToInteger(*z);
-        if (line == "Ends printing story info in csv style...") report.resultsWritten = true;
     }
     return report;
 }

@@ -9,7 +9,6 @@
 /// What a log says that a user must not miss.
 struct LogReport {
     std::vector<std::string> warnings;
-    bool resultsWritten = false;  ///< the results file was written to its end
     std::optional<std::int32_t> earthquakeCaseX;
     std::optional<std::int32_t> earthquakeCaseZ;
 };
@@ -35,5 +34,6 @@ struct ResultsReport {
     int failRows = 0;
 };
 
+/// Both readers find nothing in a path that is missing or not a file.
 LogReport ReadLog(const std::string& path);
 ResultsReport ReadResults(const std::string& path);

@@ -266,6 +266,18 @@ TEST_F(QuarnelCli, ResultsLostOnAFullDiskAreACautionOfACompleteRun) {
     EXPECT_THAT(run.out, StartsWith(kComplete));
     EXPECT_THAT(run.err, IsOneLine());
     EXPECT_THAT(run.err, HasSubstr(folder.Path("tower.aijR2Result.csv") + " is incomplete"));
+    EXPECT_THAT(run.out, HasSubstr("tower.aijR2Result.csv (incomplete)\n"));
+    EXPECT_THAT(run.out, Not(HasSubstr("Eccentricity modulus")));
+}
+
+TEST_F(QuarnelCli, ALogLostOnAFullDiskIsACautionOfACompleteRunWithoutATable) {
+    std::filesystem::create_symlink("/dev/full", folder.Path("tower.aijR2Log.txt"));
+    const ProgramRun run = Check();
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_THAT(run.err, HasSubstr(folder.Path("tower.aijR2Log.txt") + " is incomplete"));
+    EXPECT_THAT(run.out, HasSubstr("tower.aijR2Log.txt (incomplete)\nResults: " +
+                                   folder.Path("tower.aijR2Result.csv") + "\n"));
+    EXPECT_THAT(run.out, Not(HasSubstr("Eccentricity modulus")));
 }
 
 #endif

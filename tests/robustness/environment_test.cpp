@@ -214,6 +214,7 @@ TEST_F(Environment, ResultsLostOnAFullDiskAreInTheOutcome) {
     std::filesystem::create_symlink(kFullDisk, folder_.Path(kResults));
     Run();
     EXPECT_TRUE(outcome_.complete);
+    EXPECT_FALSE(outcome_.resultsWritten);
     EXPECT_THAT(outcome_.incompleteReports, ElementsAre(folder_.Path(kResults)));
 }
 
@@ -224,6 +225,7 @@ TEST_F(Environment, ResultsLostAtTheLastMomentAreInTheOutcome) {
     std::filesystem::create_symlink(kFullDisk, folder_.Path(kResults));
     RunOn(small);
     EXPECT_TRUE(outcome_.complete);
+    EXPECT_FALSE(outcome_.resultsWritten);
     EXPECT_THAT(outcome_.incompleteReports, ElementsAre(folder_.Path(kResults)));
 }
 
@@ -248,12 +250,14 @@ TEST_F(Environment, AModelFolderThatVanishesTakesTheReportsWithIt) {
 
 TEST_F(Environment, WholeReportsAreNotCalledIncomplete) {
     Run();
+    EXPECT_TRUE(outcome_.resultsWritten);
     EXPECT_THAT(outcome_.incompleteReports, IsEmpty());
 }
 
 TEST_F(Environment, ResultsThatCouldNotBeOpenedAreNotCalledIncomplete) {
     std::filesystem::create_directory(folder_.Path(kResults));
     Run();
+    EXPECT_FALSE(outcome_.resultsWritten);
     EXPECT_THAT(outcome_.incompleteReports, IsEmpty());
 }
 
