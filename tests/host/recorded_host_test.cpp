@@ -153,3 +153,23 @@ TEST_F(RecordedHostTest, AQuestionThatWasNeverAnsweredIsAFailedCall) {
     EXPECT_THAT(Failure([&] { silent.GetMemberCount(); }), HasSubstr("GetMemberCount"));
     EXPECT_THAT(Failure([&] { silent.GetMemberList({}); }), HasSubstr("GetMemberList"));
 }
+
+// A run that broke off may have asked for one thing of a node or member and not for the next.
+TEST_F(RecordedHostTest, WhatIsMissingOfANodeOrMemberIsAFailedCall) {
+    RecordedModel numbersOnly;
+    numbersOnly.AddNode(1);
+    numbersOnly.AddMember(7);
+    RecordedHost silent(numbersOnly, "");
+    double x = 0.0, y = 0.0, z = 0.0;
+    std::int32_t start = 0, end = 0;
+    SixIntegers codes{};
+    SixDoubles values{};
+    EXPECT_THAT(Failure([&] { silent.GetNodeCoordinates(1, x, y, z); }),
+                HasSubstr("GetNodeCoordinates"));
+    EXPECT_THAT(Failure([&] { silent.GetSupportInfo(1, codes, values); }),
+                HasSubstr("GetSupportInfo"));
+    EXPECT_THAT(Failure([&] { silent.GetMemberIncidence(7, start, end); }),
+                HasSubstr("GetMemberIncidence"));
+    EXPECT_THAT(Failure([&] { silent.GetMemberRotationAngle(7); }),
+                HasSubstr("GetMemberRotationAngle"));
+}

@@ -109,6 +109,22 @@ TEST_F(RememberingHostTest, QuestionsThatDifferInOneNumberAreDistinct) {
     EXPECT_EQ(4u, host.calls.size());
 }
 
+// A member has end 0 and end 1; what another number means is the host's affair.
+TEST_F(RememberingHostTest, AQuestionAboutAThirdEndGoesToTheHostEveryTime) {
+    SixDoubles six{};
+    remembering.GetMemberEndForces(3, 2, 1, six);
+    remembering.GetMemberEndForces(3, 2, 1, six);
+    EXPECT_THAT(host.calls,
+                ElementsAre("GetMemberEndForces(3, 2, 1)", "GetMemberEndForces(3, 2, 1)"));
+}
+
+TEST_F(RememberingHostTest, AListOfAnotherLengthIsAskedForAgain) {
+    std::vector<std::int32_t> two(2), three(3);
+    remembering.GetNodeList(two);
+    remembering.GetNodeList(three);
+    EXPECT_THAT(host.calls, ElementsAre("GetNodeList()", "GetNodeList()"));
+}
+
 TEST_F(RememberingHostTest, RemembersListsTheirCountsAndTheModelsProperties) {
     std::array<std::int32_t, 3> primary{};
     for (int i = 0; i < 2; ++i) {

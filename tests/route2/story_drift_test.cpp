@@ -188,6 +188,15 @@ TEST(StoryDriftReduction, ALoadCaseWithoutARecordKeepsTheStartValueAndAMeanOfZer
     EXPECT_THAT(story.meanRelativeDispByLoadCase[kZ], ElementsAre(4.0, 0.0));
 }
 
+// 4 and 8 over all; case 2 has 4 alone, and 2 / 1 records per load case: 4 / 2.
+TEST(StoryDriftReduction, ARecordOfAnUnknownLoadCaseCountsOverAllOnly) {
+    const StoryInfo story = Reduced({2}, {Record(2, 4, 0), Record(9, 8, 0)});
+    EXPECT_EQ(8.0, story.maxRelativeDisp[kX]);
+    EXPECT_EQ(6.0, story.meanRelativeDisp[kX]);
+    EXPECT_THAT(story.maxRelativeDispByLoadCase[kX], ElementsAre(4.0));
+    EXPECT_THAT(story.meanRelativeDispByLoadCase[kX], ElementsAre(2.0));
+}
+
 // Three records and two load cases: 3 / 2 = 1 in whole numbers, so case 2 with its records 4 and
 // 8 has the mean 12, not 6.
 TEST(StoryDriftReduction, MeanOfALoadCaseDividesByTheWholeNumberQuotient) {
