@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -88,6 +89,9 @@ int RunCommand(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return RunCommand(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "quarnel-cli: there is not enough memory for this model\n";
+        return kExitEndedEarly;
     } catch (const std::exception& error) {
         std::cerr << "quarnel-cli: " << error.what() << "\n";
         return kExitEndedEarly;

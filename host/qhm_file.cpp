@@ -294,19 +294,6 @@ RecordedModel ReadModel(const Place& file) {
     return model;
 }
 
-std::string ReadWholeFile(const std::string& path) {
-    const File file(std::fopen(path.c_str(), "rb"));
-    if (!file) throw QhmFileError(path + ": cannot be opened; expected a host model file (.qhm)");
-    std::string text;
-    std::array<char, 65536> block{};
-    std::size_t count = 0;
-    while ((count = std::fread(block.data(), 1, block.size(), file.get())) > 0)
-        text.append(block.data(), count);
-    if (std::ferror(file.get()) != 0)
-        throw QhmFileError(path + ": cannot be read; expected a host model file (.qhm)");
-    return text;
-}
-
 // What the library says, less its own name and error number: "[json.exception.x.101] text". It
 // quotes what it has read last, which can be as long as the file.
 std::string TextOfJsonError(const std::string& what) {
@@ -493,11 +480,17 @@ std::string ToText(const OrderedJson& file) {
 }  // namespace
 
 RecordedModel ReadQhmFile(const std::string& path) {
-    const std::string text = ReadWholeFile(path);
+    const File file(std::fopen(path.c_str(), "rb"));
+    if (!file) throw QhmFileError(path + ": cannot be opened; expected a host model file (.qhm)");
     try {
-        const Json json = Json::parse(text);
+        const Json json = Json::parse(file.get());
+        // The library takes a NUL for the end of the text.
+        if (std::feof(file.get()) == 0)
+            throw QhmFileError(path + ": expected JSON: text behind the end of the model");
         return ReadModel(Place(path, json));
     } catch (const Json::exception& error) {
+        if (std::ferror(file.get()) != 0)
+            throw QhmFileError(path + ": cannot be read; expected a host model file (.qhm)");
         throw QhmFileError(path + ": expected JSON: " + TextOfJsonError(error.what()));
     }
 }

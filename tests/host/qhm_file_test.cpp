@@ -278,7 +278,7 @@ TEST_F(QhmFile, TextThatIsNotJsonIsOneLine) {
           Model(R"("nodes": [{"number": 1, "xyz": [1, 2, 3]})"), Model("\"zUp\": tru"),
           Model("\"modelPath\": \"\xff\xfe\""), Model("\"nodes\": NaN"),
           Model("\"displacements\": {\"1\": {\"1\": [1e999, 0, 0, 0, 0, 0]}}"), noise, bigString,
-          std::string(3, '\0')})
+          std::string(3, '\0'), Model("") + '\0', Model("") + '\0' + Model("")})
         EXPECT_THAT(Error(text), IsOneLineAbout(folder.Path("tower.qhm"), "JSON"))
             << text.substr(0, 80);
 }
@@ -296,6 +296,15 @@ TEST_F(QhmFile, ATruncatedFileIsRefusedWhereverItEnds) {
     for (text.erase(text.rfind('}')); text.size() > 10; text.resize(text.size() - 7))
         EXPECT_THAT(Error(text), IsOneLineAbout(path, "JSON"));
 }
+
+#ifndef _WIN32
+
+// Stands for a file far larger than memory: it must not be read to its end first.
+TEST_F(QhmFile, AFileWithoutEndIsRefusedAtItsFirstFault) {
+    EXPECT_THAT(ErrorOf("/dev/zero"), IsOneLineAbout("/dev/zero", "JSON"));
+}
+
+#endif
 
 // Objects and arrays as deep as a stack would not hold.
 TEST_F(QhmFile, DeepNestingIsRefusedLikeAnyOtherFault) {
