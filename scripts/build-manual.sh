@@ -2,7 +2,7 @@
 # Builds the manual as one HTML page that needs no other file and no network.
 # Usage: scripts/build-manual.sh OUT.html
 set -euo pipefail
-[ $# = 1 ] || { sed -n 's/^# //p' "$0" >&2; exit 2; }
+[ $# = 1 ] || { sed -n '2,3s/^# //p' "$0" >&2; exit 2; }
 out=$(realpath -m "$1")
 cd "$(dirname "$0")/.."
 . scripts/packages.sh

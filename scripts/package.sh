@@ -24,8 +24,9 @@ log=$work/build.log
 mkdir -p "$content/examples/published" "$out"
 cp build/windows/bin/{Quarnel,quarnel-cli,SampleHost}.exe "$content"
 cp CHANGELOG.md "$content/CHANGELOG.txt"
-git ls-files 'examples/*.qhm' 'examples/*.csv' 'examples/published/*.qhm' \
-    'examples/published/*.csv' | while read -r file; do cp "$file" "$content/$file"; done
+# The example buildings and their input files, without the reports of runs made here.
+find examples \( -name '*.qhm' -o -name '*.csv' \) ! -name '*.aijR2Result.csv' |
+    while read -r file; do cp "$file" "$content/$file"; done
 scripts/build-manual.sh "$content/manual.html"
 cp app/quarnel.ico "$work/quarnel.ico"
 
