@@ -34,6 +34,8 @@ start_virtual_display() {
 start_prefix() {
     trap stop_wine EXIT
     export WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=-all
+    # Without a UTF-8 locale, as on a machine just set up, files cannot have names in other scripts.
+    export LC_ALL=C.UTF-8
     export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
         mkdir -p "$WINEPREFIX"
