@@ -28,11 +28,11 @@ struct ReportPaths {
 
 /// How a run ended, beyond what the status list says.
 struct RunOutcome {
-    bool complete = false;    ///< the status list reached "Calculation Complete"
-    bool opensLog = false;    ///< the run wrote a log, at ReportPaths::logFile
+    bool complete = false;        ///< the status list reached "Calculation Complete"
+    bool opensLog = false;        ///< the run wrote a log, at ReportPaths::logFile
     bool resultsWritten = false;  ///< every row is in the results, at ReportPaths::resultFile
-    bool hostFailed = false;  ///< a host call failed, which ended the run
-    std::string failure;      ///< why a run that is not complete ended, one sentence without a stop
+    bool hostFailed = false;      ///< a host call failed, which ended the run
+    std::string failure;  ///< why a run that is not complete ended, one sentence without a stop
 
     /// Paths of reports that were opened and could not be written to their end: the disk is full,
     /// or the connection to it broke. Neither the status list nor the log tells.
