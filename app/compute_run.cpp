@@ -5,14 +5,9 @@
 #include "app/file_lookup.h"
 #include "report/processing_log.h"
 #include "route2/aij_code_route2.h"
+#include "route2/report_paths.h"
 
 namespace {
-
-// A model path less its three-letter extension; the dot stays.
-std::string ProvisionalLogPath(const std::string& modelPath) {
-    const std::size_t kept = modelPath.size() < 3 ? 0 : modelPath.size() - 3;
-    return modelPath.substr(0, kept) + "Route2.log";
-}
 
 void LogBasicInformation(const AijCodeRoute2& engine) {
     std::FILE* log = engine.logFile;
@@ -146,7 +141,8 @@ RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& con
     }
 
     const std::string modelPath = host->GetModelFilePath();
-    reports.logFile = ProvisionalLogPath(modelPath);
+    // Stands for the log until Initialize names it.
+    reports.logFile = ReportStem(modelPath) + "Route2.log";
     AijCodeRoute2 engine(host);
     RunGuarded(engine, modelPath, inputFilePath, status, reports, outcome);
 

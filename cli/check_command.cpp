@@ -10,6 +10,7 @@
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "route2/input_file.h"
+#include "route2/report_paths.h"
 
 namespace {
 
@@ -48,10 +49,8 @@ void PrintReports(const ReportPaths& reports, const RunOutcome& outcome) {
 
 // A run overwrites its two reports; an input file must not be one of them.
 bool IsReportOf(const std::string& modelPath, const std::string& inputPath) {
-    const std::string stem =
-        modelPath.substr(0, modelPath.size() - std::min<std::size_t>(3, modelPath.size()));
-    return IsSameFile(inputPath, stem + "aijR2Log.txt") ||
-           IsSameFile(inputPath, stem + "aijR2Result.csv");
+    return IsSameFile(inputPath, LogPath(modelPath)) ||
+           IsSameFile(inputPath, ResultPath(modelPath));
 }
 
 }  // namespace

@@ -3,18 +3,11 @@
 #include <utility>
 
 #include "report/processing_log.h"
+#include "route2/report_paths.h"
 
 namespace {
 
 constexpr std::int32_t kEnglishUnitSystem = 1;
-
-// Host models have a three-letter extension; the dot before it stays.
-constexpr std::size_t kExtensionLength = 3;
-
-std::string Stem(const std::string& modelPath) {
-    if (modelPath.size() < kExtensionLength) return {};
-    return modelPath.substr(0, modelPath.size() - kExtensionLength);
-}
 
 }  // namespace
 
@@ -23,11 +16,10 @@ AijCodeRoute2::AijCodeRoute2(HostQueries* host)
 
 bool AijCodeRoute2::Initialize(std::string modelPath, std::string dataPath, std::string& logPathOut,
                                std::string& resultPathOut) {
-    const std::string stem = Stem(modelPath);
-    logFilePath = stem + "aijR2Log.txt";
+    logFilePath = LogPath(modelPath);
     logPathOut = logFilePath;
     dataFilePath = std::move(dataPath);
-    resultFilePath = stem + "aijR2Result.csv";
+    resultFilePath = ResultPath(modelPath);
     resultPathOut = resultFilePath;
 
     logFile = std::fopen(logFilePath.c_str(), "w");
