@@ -31,10 +31,6 @@ const char* Verdict(bool passes) {
     return passes ? "PASS" : "FAIL";
 }
 
-double StoryHeight(const StoryInfo& story) {
-    return story.upperLevel - story.lowerLevel;
-}
-
 int StoryNumber(std::size_t index) {
     return static_cast<int>(index + 1);
 }

@@ -27,8 +27,7 @@ double AijCodeRoute2::WeightAtLowerEnd(std::size_t memberPosition, std::int32_t 
 }
 
 bool AijCodeRoute2::SumWeights(const StoryInfo& story, WeightSums& sums) {
-    const double cuttingLevel =
-        story.lowerLevel + (story.upperLevel - story.lowerLevel) / kCuttingPlaneFraction;
+    const double cuttingLevel = story.lowerLevel + StoryHeight(story) / kCuttingPlaneFraction;
     for (std::size_t j = 0; j < memberNumbers.size(); ++j) {
         const std::int32_t member = memberNumbers[j];
         std::int32_t startNode = 0, endNode = 0;

@@ -49,7 +49,7 @@ struct StoryInfo {
     double allowStiffRatio = 0.0;           ///< allowable story stiffness ratio
     double allowEccentricityModulus = 0.0;  ///< allowable eccentricity modulus
     double lowerLevel = 0.0;                ///< mm
-    double upperLevel = 0.0;                ///< mm; story height = upperLevel - lowerLevel
+    double upperLevel = 0.0;                ///< mm
 
     PerDirection maxRelativeDisp{};  ///< largest signed value of all records, mm
     PerDirectionByLoadCase maxRelativeDispByLoadCase;
@@ -64,3 +64,8 @@ struct StoryInfo {
     PerDirection rigidityCenter{};  ///< plan coordinates, mm
     PerDirection eccentricityModulus{};
 };
+
+/// mm; positive, unless a floor level is not a number.
+inline double StoryHeight(const StoryInfo& story) {
+    return story.upperLevel - story.lowerLevel;
+}

@@ -7,14 +7,6 @@
 #include "route2/aij_code_route2.h"
 #include "route2/tested_access.h"
 
-namespace {
-
-double StoryHeight(const StoryInfo& story) {
-    return story.upperLevel - story.lowerLevel;
-}
-
-}  // namespace
-
 double StiffnessIndexOfAnyHeight(double relativeDisp, double storyHeight) {
     const double angle = relativeDisp / storyHeight;
     return angle == 0.0 ? 0.0 : 1.0 / angle;

@@ -87,7 +87,7 @@ bool AijCodeRoute2::SetRelativeStoryDisp() {
     if (!RequireStoryInfo("relative story displacement")) return false;
 
     for (StoryInfo& story : stories) {
-        const double storyHeight = story.upperLevel - story.lowerLevel;
+        const double storyHeight = StoryHeight(story);
         for (StoryMember& record : story.members) {
             SixDoubles lower{}, upper{};
             hostLink->GetNodeDisplacements(record.lowerNodeNumber, record.loadCaseNumber, lower);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
-#include <cstdint>
 #include <stdexcept>
-#include <vector>
+#include <utility>
 
 /// What an index beyond a vector's end does: it ends the run.
 [[noreturn]] inline void ThrowInvalidSubscript() {
@@ -11,24 +11,9 @@
 }
 
 /// Element `index` of a vector; an index beyond its end, negative ones included, ends the run.
-template <typename Element>
-Element& At(std::vector<Element>& elements, std::int64_t index) {
-    if (index < 0 || static_cast<std::uint64_t>(index) >= elements.size()) ThrowInvalidSubscript();
+template <typename Vector, std::integral Index>
+auto& At(Vector& elements, Index index) {
+    if (std::cmp_less(index, 0) || std::cmp_greater_equal(index, elements.size()))
+        ThrowInvalidSubscript();
     return elements[static_cast<std::size_t>(index)];
-}
-
-template <typename Element>
-const Element& At(const std::vector<Element>& elements, std::int64_t index) {
-    if (index < 0 || static_cast<std::uint64_t>(index) >= elements.size()) ThrowInvalidSubscript();
-    return elements[static_cast<std::size_t>(index)];
-}
-
-template <typename Element>
-Element& At(std::vector<Element>& elements, std::size_t index) {
-    return At(elements, static_cast<std::int64_t>(index));
-}
-
-template <typename Element>
-const Element& At(const std::vector<Element>& elements, std::size_t index) {
-    return At(elements, static_cast<std::int64_t>(index));
 }
