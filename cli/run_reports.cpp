@@ -1,13 +1,13 @@
 #include "cli/run_reports.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
 #include <system_error>
 
 #include "host/native_path.h"
+#include "route2/input_file.h"
 
 namespace {
 
@@ -41,14 +41,6 @@ std::vector<std::string> SplitAtCommas(const std::string& line) {
             fields.back().push_back(character);
     }
     return fields;
-}
-
-int ToInteger(const std::string& text) {
-    return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
-}
-
-double ToNumber(const std::string& text) {
-    return std::strtod(text.c_str(), nullptr);
 }
 
 // The rows of one section and block of the results file.
@@ -87,13 +79,13 @@ private:
 
     void ReadCheckRow(const std::vector<std::string>& row, int story, CheckVerdicts& check) {
         if (row.size() == 9)
-            check[direction_][story][row[1]] = {ToNumber(row[6]), ToNumber(row[7]), row[8]};
+            check[direction_][story][row[1]] = {ToReal(row[6]), ToReal(row[7]), row[8]};
     }
 
     void ReadModulusRow(const std::vector<std::string>& row, int story) {
-        const double allowable = ToNumber(row[6]);
-        report_.moduli[std::string(kDirectionX)][story][""] = {ToNumber(row[4]), allowable, row[7]};
-        report_.moduli[std::string(kDirectionZ)][story][""] = {ToNumber(row[5]), allowable, row[8]};
+        const double allowable = ToReal(row[6]);
+        report_.moduli[std::string(kDirectionX)][story][""] = {ToReal(row[4]), allowable, row[7]};
+        report_.moduli[std::string(kDirectionZ)][story][""] = {ToReal(row[5]), allowable, row[8]};
     }
 
     ResultsReport& report_;
