@@ -328,8 +328,12 @@ TEST_F(CompleteRun, WithResultsOpenElsewhereWarnsInTheLogOnly) {
     CloseHandle(user);
     EXPECT_EQ(kCompleteRun, tool_.StatusLines());
     EXPECT_FALSE(tool_.HasPopup());
-    const std::string log = ContentOf(Log());
-    EXPECT_THAT(log.substr(log.find("Starts printing")), testing::HasSubstr("*** WARNING ***"));
+    EXPECT_THAT(ContentOf(Log()),
+                testing::EndsWith("Starts printing story info in csv style...\r\n\r\n"
+                                  "*** WARNING *** : Cannot open result file " +
+                                  Utf8(Results()) + ".\r\n"));
+    tool_.Command(kViewLog);
+    EXPECT_EQ(Utf8(Log()), txt_.TakeOpenedPath());
 }
 
 TEST_F(CompleteRun, LoadingAnInputClearsItsLinesButKeepsItsReports) {
