@@ -2,12 +2,10 @@
 """Every test that docs/intended-oddities.md names must be there: a rule without its test is not
 pinned."""
 
-import pathlib
 import re
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-PAGE = ROOT / "docs" / "intended-oddities.md"
+from markdown import ROOT, fail_with, read, table_rows
 
 
 def tests_of_the_project():
@@ -20,17 +18,15 @@ def tests_of_the_project():
 
 
 def main():
-    rows = [line for line in PAGE.read_text(encoding="utf-8").splitlines()
-            if line.startswith("| ") and not line.startswith("| rule ")]
+    rules = list(table_rows(read("docs/intended-oddities.md")))
     known = tests_of_the_project()
-    faults = []
-    for row in rows:
-        named = re.findall(r"`(\w+\.[A-Z]\w+)`", row.rsplit("|", 2)[1])
+    faults = [] if rules else ["no rules found"]
+    for rule in rules:
+        named = re.findall(r"`(\w+\.[A-Z]\w+)`", rule[-1])
         if not named:
-            faults.append(f"no test named: {row}")
+            faults.append(f"no test named: {rule[0]}")
         faults += [f"no such test: {name}" for name in named if name not in known]
-    print("\n".join(faults) or f"{len(rows)} rules, all pinned")
-    return 1 if faults or not rows else 0
+    return fail_with(faults)
 
 
 sys.exit(main())
