@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Static analysis of the product's own code; the exit code is 0 when there is no finding.
+# Layout and static analysis of the product's own code; the exit code is 0 when there is no finding.
 # Usage: scripts/static-analysis.sh
 #
+# clang-format all sources, tests included, as .clang-format lays them out
 # clang-tidy   the portable sources as they are compiled here, the Windows sources as they are
 #              cross-compiled; .clang-tidy says what is asked and why the rest is not
 # cppcheck     all sources, the tests' own tools included; .cppcheck-suppressions likewise
@@ -44,10 +45,15 @@ tidy() {
     shift
     echo "== clang-tidy: $preset"
     if ! xargs -r -P "$jobs" -n 1 clang-tidy -p "$work/$preset" --quiet "$@" >"$log" 2>&1; then
-        grep -E '^[^ ].*(warning|error):' "$log" | sort -u
+        # Without a finding in the log the analysis itself failed.
+        grep -E '^[^ ].*(warning|error):' "$log" | sort -u || tail -n 20 "$log"
         findings=1
     fi
 }
+
+echo "== clang-format"
+find app bench cli host report route2 samplehost tests \( -name '*.cpp' -o -name '*.h' \) -print0 |
+    xargs -0 clang-format --dry-run --Werror || findings=1
 
 configure native
 configure windows
@@ -67,8 +73,7 @@ cppcheck --quiet --std=c++20 --language=c++ -j "$jobs" -I . \
     --suppressions-list=.cppcheck-suppressions --error-exitcode=1 \
     --template='{file}:{line}: {severity}: {message} [{id}]' \
     --max-configs=4 \
-    $(ls -d app bench cli host report route2 samplehost tests/support tests/fuzz 2>/dev/null) \
-    || findings=1
+    app bench cli host report route2 samplehost tests/support tests/fuzz || findings=1
 
 [ "$findings" = 1 ] || echo "no findings"
 exit "$findings"
