@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "report/processing_log.h"
+#include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
 #include "route2/tested_access.h"
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "report/processing_log.h"
+#include "log/processing_log.h"
 #include "route2/report_paths.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <limits>
 #include <string_view>
 
-#include "report/processing_log.h"
+#include "log/processing_log.h"
 
 namespace {
 

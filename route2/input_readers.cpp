@@ -2,7 +2,7 @@
 
 #include <unordered_set>
 
-#include "report/processing_log.h"
+#include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
 #include "route2/input_file.h"
 #include "route2/tested_access.h"

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <string>
 
-#include "report/processing_log.h"
+#include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
 #include "route2/near_zero.h"
 

@@ -9,7 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "report/formatted_print.h"
+#include "log/formatted_print.h"
 #include "tests/support/engine_bench.h"
 #include "tests/support/run_log.h"
 

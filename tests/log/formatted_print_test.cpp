@@ -1,4 +1,4 @@
-#include "report/formatted_print.h"
+#include "log/formatted_print.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The conventions of the processing log, and how every step of the engine keeps to them.
 
-#include "report/processing_log.h"
+#include "log/processing_log.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "report/formatted_print.h"
+#include "log/formatted_print.h"
 
 // The processing log tells the story of one run: which steps started and ended, the model's basic
 // figures, and every warning by which a step refused or adjusted its work.

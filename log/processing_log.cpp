@@ -1,4 +1,4 @@
-#include "report/processing_log.h"
+#include "log/processing_log.h"
 
 void LogStart(std::FILE* log, const char* subject) {
     Print(log, "\nStarts setting %s...\n", subject);
