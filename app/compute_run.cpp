@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "app/file_lookup.h"
+#include "platform/file_lookup.h"
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
 #include "route2/report_paths.h"

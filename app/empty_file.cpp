@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "app/resource.h"
 #include "app/resource_text.h"
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "app/about_dlg.h"
 #include "app/empty_file.h"
-#include "app/file_lookup.h"
+#include "platform/file_lookup.h"
 #include "app/input_file_dialog.h"
 #include "app/message_box.h"
 #include "app/minimised_icon.h"
@@ -12,7 +12,7 @@
 #include "app/resource_text.h"
 #include "app/shell_open.h"
 #include "host/host_link.h"
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 #include "host/remembering_host.h"
 
 namespace {

@@ -5,8 +5,8 @@
 
 #include "cli/run_reports.h"
 #include "cli/summary.h"
-#include "cli/terminal.h"
-#include "host/native_path.h"
+#include "platform/terminal.h"
+#include "platform/native_path.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "route2/input_file.h"

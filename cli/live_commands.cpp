@@ -5,7 +5,7 @@
 
 #include "cli/check_command.h"
 #include "host/live_host.h"
-#include "host/native_path.h"
+#include "platform/native_path.h"
 #include "host/qhm_file.h"
 
 namespace {

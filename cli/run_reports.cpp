@@ -6,7 +6,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "host/native_path.h"
+#include "platform/native_path.h"
 #include "route2/input_file.h"
 
 namespace {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 
 namespace {
 

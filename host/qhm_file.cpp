@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "host/native_path.h"
+#include "platform/native_path.h"
 
 namespace {
 

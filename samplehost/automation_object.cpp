@@ -3,7 +3,7 @@
 #include <cstring>
 #include <new>
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 
 namespace {
 

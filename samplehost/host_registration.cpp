@@ -5,7 +5,7 @@
 #include <array>
 #include <optional>
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <optional>
 #include <string>
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 #include "host/qhm_file.h"
 #include "samplehost/call_meter.h"
 #include "samplehost/running_host.h"

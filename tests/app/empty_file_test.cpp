@@ -8,7 +8,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <string>
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 #include "tests/desktop/running_tool.h"
 #include "tests/desktop/sample_host_process.h"
 

@@ -1,7 +1,7 @@
-#include "host/native_path.h"
+#include "platform/native_path.h"
 
 #ifdef _WIN32
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 #endif
 
 std::filesystem::path NativePath(const std::string& narrow) {

@@ -1,7 +1,7 @@
 // The tool's paths between the wide Windows API and the engine. This program has the tool's
 // manifest.
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/native_path.h"
+#include "platform/native_path.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-#include "app/file_lookup.h"
+#include "platform/file_lookup.h"
 
 #include <gtest/gtest.h>
 

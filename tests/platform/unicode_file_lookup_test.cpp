@@ -1,6 +1,6 @@
 // The tool's search for a file, with the tool's manifest.
 
-#include "app/file_lookup.h"
+#include "platform/file_lookup.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "host/narrow_text.h"
+#include "platform/narrow_text.h"
 #include "tests/support/test_folder.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "cli/terminal.h"
+#include "platform/terminal.h"
 
 #ifdef _WIN32
 #include <windows.h>

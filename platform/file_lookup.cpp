@@ -1,4 +1,4 @@
-#include "app/file_lookup.h"
+#include "platform/file_lookup.h"
 
 #ifdef _WIN32
 #include <windows.h>
