@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "app/modal_dialog.h"
 #include "app/status_list_box.h"
 

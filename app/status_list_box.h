@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 
 /// The status list of the main dialog: a list box, one line per entry in the order added.
 class StatusListBox : public StatusList {

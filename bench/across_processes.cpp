@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "bench/question_counter.h"
 #include "host/host_link.h"
 #include "host/remembering_host.h"

@@ -9,7 +9,7 @@
 #include <iostream>
 #include <string>
 
-#include "app/status_texts.h"
+#include "compute/status_texts.h"
 #include "bench/measurements.h"
 #include "bench/ratios.h"
 

@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "bench/plain/plain_run.h"
 #include "bench/process_usage.h"
 #include "bench/question_counter.h"

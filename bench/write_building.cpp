@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "bench/regular_building.h"
 #include "host/qhm_file.h"
 #include "host/remembering_host.h"

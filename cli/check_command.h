@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "cli/exit_codes.h"
 
 /// `quarnel-cli check MODEL.qhm INPUT.csv`: a run on a recorded building. Prints the status lines,

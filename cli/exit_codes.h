@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 
 /// What quarnel-cli returns to the shell.
 enum ExitCode : int {

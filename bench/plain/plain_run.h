@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 
 /// The same Compute run as RunCompute, from a second copy of the engine whose look-ups of numbers
 /// are linear searches: the plain way, to compare with. It lives in a library of its own that

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/status_texts.h"
+#include "compute/status_texts.h"
 #include "tests/app/template_reader.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "bench/question_counter.h"
 #include "bench/regular_building.h"
 #include "host/remembering_host.h"

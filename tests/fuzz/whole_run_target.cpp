@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "host/recorded_host.h"
 #include "host/remembering_host.h"
 #include "tests/fuzz/check.h"

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "tests/support/small_building.h"

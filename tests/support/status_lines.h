@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 
 /// A status list that keeps its lines as the user reads them.
 class StatusLines : public StatusList {

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "tests/support/test_folder.h"

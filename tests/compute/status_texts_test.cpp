@@ -1,4 +1,4 @@
-#include "app/status_texts.h"
+#include "compute/status_texts.h"
 
 #include <gtest/gtest.h>
 

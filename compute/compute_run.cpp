@@ -1,4 +1,4 @@
-#include "app/compute_run.h"
+#include "compute/compute_run.h"
 
 #include <exception>
 

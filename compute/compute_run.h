@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/status_texts.h"
+#include "compute/status_texts.h"
 #include "host/host_queries.h"
 
 /// Where a run shows its progress, one line per entry: the dialog's status list, a terminal.
