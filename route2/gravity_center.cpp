@@ -8,7 +8,7 @@
 #include "route2/aij_code_route2.h"
 #include "route2/near_zero.h"
 #include "route2/tested_access.h"
-#include "route2/units.h"
+#include "host/units.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
-#include "route2/member_axes.h"
-#include "route2/units.h"
+#include "host/member_axes.h"
+#include "host/units.h"
 
 void AijCodeRoute2::SetLoadInfo() {
     LogStart(logFile, "load info");

@@ -5,12 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-/// A point or a direction in the host's global axes.
-struct Vec3 {
-    double x = 0.0;
-    double y = 0.0;
-    double z = 0.0;
-};
+#include "host/vec3.h"
 
 /// One value per plan direction: [kX] X, [kZ] Z(or Y). The second plan direction is global z when
 /// Y is vertical and global y when Z is vertical.

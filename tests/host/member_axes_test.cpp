@@ -1,4 +1,4 @@
-#include "route2/member_axes.h"
+#include "host/member_axes.h"
 
 #include <gtest/gtest.h>
 

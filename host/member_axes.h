@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "route2/records.h"
+#include "host/vec3.h"
 
 /// A member's local axes in global coordinates. x is a unit vector; y and z are not always (see
 /// FormMemberAxes).
