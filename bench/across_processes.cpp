@@ -20,7 +20,7 @@
 #include "bench/question_counter.h"
 #include "host/host_link.h"
 #include "host/remembering_host.h"
-#include "route2/input_file.h"
+#include "input/input_file.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include "bench/regular_building.h"
 #include "host/qhm_file.h"
 #include "host/remembering_host.h"
-#include "route2/input_file.h"
+#include "input/input_file.h"
 
 namespace {
 

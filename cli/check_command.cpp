@@ -9,7 +9,7 @@
 #include "platform/native_path.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
-#include "route2/input_file.h"
+#include "input/input_file.h"
 #include "route2/report_paths.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "platform/native_path.h"
-#include "route2/input_file.h"
+#include "input/input_file.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
-#include "route2/input_file.h"
+#include "input/input_file.h"
 #include "route2/tested_access.h"
 
 bool AijCodeRoute2::SetLoadCaseNumbersWithDataFile() {

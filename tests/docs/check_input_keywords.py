@@ -8,7 +8,7 @@ from markdown import fail_with, read, table_rows
 
 
 def known_keywords():
-    readers = read("route2/input_readers.cpp") + read("route2/input_file.h")
+    readers = read("route2/input_readers.cpp") + read("input/input_file.h")
     keywords = set(re.findall(r'Keyword\(\) [!=]= "(\w+)"', readers))
     keywords.update(re.findall(r'\{"(Allow\w+)", &StoryInfo', readers))
     keywords.update(re.findall(r'starts_with\("(\w+)"\)', readers))

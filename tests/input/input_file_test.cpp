@@ -1,4 +1,4 @@
-#include "route2/input_file.h"
+#include "input/input_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
