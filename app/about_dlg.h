@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/modal_dialog.h"
-#include "app/resource.h"
+#include "desktop/modal_dialog.h"
+#include "desktop/resource.h"
 
 /// The About box: everything it shows stands in its template.
 class CAboutDlg : public ModalDialog {

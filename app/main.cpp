@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "app/message_box.h"
+#include "desktop/message_box.h"
 #include "app/quarnel_app.h"
 
 // The dialog is the whole program: when it has closed there is no message loop to enter.

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "compute/compute_run.h"
-#include "app/modal_dialog.h"
-#include "app/status_list_box.h"
+#include "desktop/modal_dialog.h"
+#include "desktop/status_list_box.h"
 
 class HostLink;
 

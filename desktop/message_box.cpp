@@ -1,10 +1,10 @@
-#include "app/message_box.h"
+#include "desktop/message_box.h"
 
 #include <exception>
 #include <new>
 
-#include "app/resource.h"
-#include "app/resource_text.h"
+#include "desktop/resource.h"
+#include "desktop/resource_text.h"
 #include "platform/narrow_text.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // The main dialog and the About box as the user finds them.
 
-#include "tests/desktop/desktop_fixture.h"
-#include "tests/desktop/waiting.h"
+#include "tests/real_windows/desktop_fixture.h"
+#include "tests/real_windows/waiting.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "tests/desktop/desktop_probe.h"
+#include "tests/real_windows/desktop_probe.h"
 
 #include <cwchar>
 #include <string>

@@ -1,4 +1,4 @@
-#include "app/empty_file.h"
+#include "desktop/empty_file.h"
 
 #include <windows.h>
 

@@ -1,11 +1,11 @@
-#include "app/status_list_box.h"
+#include "desktop/status_list_box.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "app/resource.h"
+#include "desktop/resource.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "app/resource_text.h"
+#include "desktop/resource_text.h"
 
 #include <windows.h>
 

@@ -11,8 +11,8 @@
 #include <string>
 
 #include "platform/narrow_text.h"
-#include "tests/desktop/running_tool.h"
-#include "tests/desktop/sample_host_process.h"
+#include "tests/real_windows/running_tool.h"
+#include "tests/real_windows/sample_host_process.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/desktop/desktop_probe.h"
+#include "tests/real_windows/desktop_probe.h"
 
 /// A window that the tool has opened above its dialog: a message box, the About box, a file
 /// dialog.

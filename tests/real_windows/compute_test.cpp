@@ -6,9 +6,9 @@
 
 #include "host/host_members.h"
 #include "samplehost/running_host.h"
-#include "tests/desktop/desktop_fixture.h"
-#include "tests/desktop/sample_host_process.h"
-#include "tests/desktop/waiting.h"
+#include "tests/real_windows/desktop_fixture.h"
+#include "tests/real_windows/sample_host_process.h"
+#include "tests/real_windows/waiting.h"
 #include "tests/support/com_apartment.h"
 #include "tests/support/fake_automation_host.h"
 

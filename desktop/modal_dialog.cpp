@@ -1,9 +1,9 @@
-#include "app/modal_dialog.h"
+#include "desktop/modal_dialog.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "app/message_box.h"
+#include "desktop/message_box.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
-#include "app/input_file_dialog.h"
+#include "desktop/input_file_dialog.h"
 
 #include <commdlg.h>
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "app/resource.h"
-#include "app/resource_text.h"
+#include "desktop/resource.h"
+#include "desktop/resource_text.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
-#include "app/shell_open.h"
+#include "desktop/shell_open.h"
 
 #include <shellapi.h>
 
-#include "app/message_box.h"
-#include "app/resource.h"
-#include "app/resource_text.h"
+#include "desktop/message_box.h"
+#include "desktop/resource.h"
+#include "desktop/resource_text.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "app/minimised_icon.h"
+#include "desktop/minimised_icon.h"
 
 void DrawIconCentered(HDC device, const RECT& area, HICON icon) {
     const int width = GetSystemMetrics(SM_CXICON);

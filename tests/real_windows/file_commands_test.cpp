@@ -1,7 +1,7 @@
 // The commands of the File menu.
 
-#include "tests/desktop/desktop_fixture.h"
-#include "tests/desktop/waiting.h"
+#include "tests/real_windows/desktop_fixture.h"
+#include "tests/real_windows/waiting.h"
 
 namespace {
 

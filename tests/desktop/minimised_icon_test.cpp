@@ -1,8 +1,8 @@
-#include "app/minimised_icon.h"
+#include "desktop/minimised_icon.h"
 
 #include <gtest/gtest.h>
 
-#include "app/resource.h"
+#include "desktop/resource.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "app/status_list_box.h"
+#include "desktop/status_list_box.h"
 
-#include "app/resource_text.h"
+#include "desktop/resource_text.h"
 
 void StatusListBox::Clear() {
     for (LRESULT count = SendMessageW(control_, LB_GETCOUNT, 0, 0); count > 0; --count) {

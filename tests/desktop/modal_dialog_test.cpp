@@ -1,4 +1,4 @@
-#include "app/modal_dialog.h"
+#include "desktop/modal_dialog.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "app/about_dlg.h"
-#include "app/resource.h"
+#include "desktop/resource.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "tests/desktop/sample_host_process.h"
+#include "tests/real_windows/sample_host_process.h"
 
 #include <stdexcept>
 
-#include "tests/desktop/running_tool.h"
+#include "tests/real_windows/running_tool.h"
 
 namespace {
 

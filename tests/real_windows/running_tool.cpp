@@ -1,8 +1,8 @@
-#include "tests/desktop/running_tool.h"
+#include "tests/real_windows/running_tool.h"
 
 #include <stdexcept>
 
-#include "tests/desktop/waiting.h"
+#include "tests/real_windows/waiting.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "app/input_file_dialog.h"
+#include "desktop/input_file_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "app/shell_open.h"
+#include "desktop/shell_open.h"
 
 #include <gtest/gtest.h>
 
-#include "app/resource_text.h"
+#include "desktop/resource_text.h"
 
 TEST(ShellFailureText, NothingIsSaidAboveThirtyTwo) {
     for (const std::intptr_t result : {33, 42, 0x7FFFFFFF}) {

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/desktop/file_type.h"
-#include "tests/desktop/running_tool.h"
+#include "tests/real_windows/file_type.h"
+#include "tests/real_windows/running_tool.h"
 
 // What the menu items and buttons of the dialog send.
 inline constexpr int kOpenInput = 32771;

@@ -1,12 +1,12 @@
-#include "tests/desktop/file_type.h"
+#include "tests/real_windows/file_type.h"
 
 #include <windows.h>
 
 #include <fstream>
 #include <iterator>
 
-#include "tests/desktop/running_tool.h"
-#include "tests/desktop/waiting.h"
+#include "tests/real_windows/running_tool.h"
+#include "tests/real_windows/waiting.h"
 
 namespace {
 
