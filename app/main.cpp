@@ -1,7 +1,7 @@
 #include <windows.h>
 
-#include "desktop/message_box.h"
 #include "app/quarnel_app.h"
+#include "desktop/message_box.h"
 
 // The dialog is the whole program: when it has closed there is no message loop to enter.
 int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPSTR /*commandLine*/,

@@ -4,7 +4,6 @@
 
 #include "app/about_dlg.h"
 #include "desktop/empty_file.h"
-#include "platform/file_lookup.h"
 #include "desktop/input_file_dialog.h"
 #include "desktop/message_box.h"
 #include "desktop/minimised_icon.h"
@@ -12,8 +11,9 @@
 #include "desktop/resource_text.h"
 #include "desktop/shell_open.h"
 #include "host/host_link.h"
-#include "platform/narrow_text.h"
 #include "host/remembering_host.h"
+#include "platform/file_lookup.h"
+#include "platform/narrow_text.h"
 
 namespace {
 

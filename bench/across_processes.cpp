@@ -16,8 +16,8 @@
 #include <string>
 #include <vector>
 
-#include "compute/compute_run.h"
 #include "bench/question_counter.h"
+#include "compute/compute_run.h"
 #include "host/host_link.h"
 #include "host/remembering_host.h"
 #include "input/input_file.h"

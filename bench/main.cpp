@@ -9,9 +9,9 @@
 #include <iostream>
 #include <string>
 
-#include "compute/status_texts.h"
 #include "bench/measurements.h"
 #include "bench/ratios.h"
+#include "compute/status_texts.h"
 
 namespace {
 

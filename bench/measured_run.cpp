@@ -10,10 +10,10 @@
 #include <stdexcept>
 #include <utility>
 
-#include "compute/compute_run.h"
 #include "bench/plain/plain_run.h"
 #include "bench/process_usage.h"
 #include "bench/question_counter.h"
+#include "compute/compute_run.h"
 #include "host/remembering_host.h"
 
 namespace {

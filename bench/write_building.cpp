@@ -9,8 +9,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "compute/compute_run.h"
 #include "bench/regular_building.h"
+#include "compute/compute_run.h"
 #include "host/qhm_file.h"
 #include "host/remembering_host.h"
 #include "input/input_file.h"

@@ -5,11 +5,11 @@
 
 #include "cli/run_reports.h"
 #include "cli/summary.h"
-#include "platform/terminal.h"
-#include "platform/native_path.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "input/input_file.h"
+#include "platform/native_path.h"
+#include "platform/terminal.h"
 #include "route2/report_paths.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "compute/compute_run.h"
 #include "cli/exit_codes.h"
+#include "compute/compute_run.h"
 
 /// `quarnel-cli check MODEL.qhm INPUT.csv`: a run on a recorded building. Prints the status lines,
 /// then a summary; problems go to standard error, one line each.

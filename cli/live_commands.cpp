@@ -5,8 +5,8 @@
 
 #include "cli/check_command.h"
 #include "host/live_host.h"
-#include "platform/native_path.h"
 #include "host/qhm_file.h"
+#include "platform/native_path.h"
 
 namespace {
 

@@ -8,6 +8,7 @@
 #include "cli/check_command.h"
 #include "cli/exit_codes.h"
 #include "cli/live_commands.h"
+#include "version.h"
 
 namespace {
 
@@ -51,7 +52,7 @@ int RunCommand(int argc, char** argv) {
         "stiffness ratio and eccentricity modulus, each with PASS or FAIL.",
         "quarnel-cli");
     app.footer(kFooter);
-    app.set_version_flag("--version", "quarnel-cli " QUARNEL_VERSION);
+    app.set_version_flag("--version", "quarnel-cli " QUARNEL_VERSION_TEXT);
     app.require_subcommand(1);
     app.allow_windows_style_options(false);  // a path may begin with a slash
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/native_path.h"
 #include "input/input_file.h"
+#include "platform/native_path.h"
 
 namespace {
 

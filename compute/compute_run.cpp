@@ -2,8 +2,8 @@
 
 #include <exception>
 
-#include "platform/file_lookup.h"
 #include "log/processing_log.h"
+#include "platform/file_lookup.h"
 #include "route2/aij_code_route2.h"
 #include "route2/report_paths.h"
 

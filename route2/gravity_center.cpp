@@ -4,11 +4,11 @@
 #include <cmath>
 #include <string>
 
+#include "host/units.h"
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
 #include "route2/near_zero.h"
 #include "route2/tested_access.h"
-#include "host/units.h"
 
 namespace {
 

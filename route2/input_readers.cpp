@@ -2,9 +2,9 @@
 
 #include <unordered_set>
 
+#include "input/input_file.h"
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
-#include "input/input_file.h"
 #include "route2/tested_access.h"
 
 bool AijCodeRoute2::SetLoadCaseNumbersWithDataFile() {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "log/processing_log.h"
-#include "route2/aij_code_route2.h"
 #include "host/member_axes.h"
 #include "host/units.h"
+#include "log/processing_log.h"
+#include "route2/aij_code_route2.h"
 
 void AijCodeRoute2::SetLoadInfo() {
     LogStart(logFile, "load info");

@@ -3,10 +3,10 @@
 
 #include "route2/story_shear.h"
 
+#include "host/units.h"
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
 #include "route2/tested_access.h"
-#include "host/units.h"
 
 Vec3 GlobalForce(const SixDoubles& force, const StoryMember& record) {
     const Vec3& x = record.axisX;

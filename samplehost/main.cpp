@@ -11,8 +11,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/narrow_text.h"
 #include "host/qhm_file.h"
+#include "platform/narrow_text.h"
 #include "samplehost/call_meter.h"
 #include "samplehost/running_host.h"
 #include "samplehost/sample_host.h"

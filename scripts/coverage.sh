@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Measures which lines and branches of route2/, report/ and host/ the tests reach on this machine.
+# Measures which lines and branches of the portable folders the tests reach on this machine.
 # Usage: scripts/coverage.sh [CTEST ARGUMENTS...]
 #
 # Prints a table per file; build/coverage/report.html shows every line. Branches that exist only
@@ -8,6 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+. scripts/folders.sh
 scripts/install-packages.sh "${native_packages[@]}" "${script_packages[@]}" \
     "${coverage_packages[@]}"
 
@@ -18,10 +19,11 @@ mkdir -p build
 find build/coverage -name '*.gcda' -delete
 ctest --preset coverage -j "$(nproc)" "$@" </dev/null >>"$log" 2>&1 ||
     { tail -n 30 "$log"; exit 1; }
+filters=()
+for folder in "${product_folders[@]}"; do filters+=(--filter "$folder/"); done
 measure() {
-    gcovr --root . --filter 'route2/' --filter 'report/' --filter 'host/' \
-        --exclude-throw-branches --exclude-unreachable-branches "$@" \
-        build/coverage/{app,host,report,route2,tests}
+    gcovr --root . "${filters[@]}" --exclude-throw-branches --exclude-unreachable-branches "$@" \
+        build/coverage
 }
 measure --html-details build/coverage/report.html >/dev/null
 measure

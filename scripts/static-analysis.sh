@@ -9,6 +9,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
+. scripts/folders.sh
 scripts/install-packages.sh "${native_packages[@]}" "${windows_packages[@]}" \
     "${analysis_packages[@]}"
 
@@ -16,21 +17,20 @@ work=build/static-analysis
 jobs=$(nproc)
 mkdir -p "$work"
 findings=0
+header_folders=$(IFS="|"; echo "${product_folders[*]}")
 
-# Configures a preset without its tests; its compile commands are all that is needed of it.
+# Configures a preset; its compile commands are all that is needed of it.
 configure() {
-    local preset=$1
-    cmake --preset "$preset" -B "$work/$preset" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON \
-        -DQUARNEL_TESTS=OFF >"$work/$preset.log" 2>&1 || { cat "$work/$preset.log"; exit 1; }
+    cmake --preset "$1" >"$work/$1.log" 2>&1 || { cat "$work/$1.log"; exit 1; }
 }
 
 # The product's C++ sources that a preset compiles and none before it did, one per line.
 sources_of() {
-    python3 - "$work" "$@" <<'PYTHON'
+    python3 - "$@" <<'PYTHON'
 import json, os, sys
-work, preset, *before = sys.argv[1:]
+preset, *before = sys.argv[1:]
 def sources(name):
-    with open(f"{work}/{name}/compile_commands.json") as file:
+    with open(f"build/{name}/compile_commands.json") as file:
         return {entry["file"] for entry in json.load(file)}
 here = os.getcwd() + "/"
 new = sources(preset) - set().union(*map(sources, before))
@@ -44,7 +44,8 @@ tidy() {
     local preset=$1 log="$work/clang-tidy-$1.log"
     shift
     echo "== clang-tidy: $preset"
-    if ! xargs -r -P "$jobs" -n 1 clang-tidy -p "$work/$preset" --quiet "$@" >"$log" 2>&1; then
+    if ! xargs -r -P "$jobs" -n 1 clang-tidy -p "build/$preset" --quiet \
+        --header-filter="/(${header_folders})/[^/]*\\.h\$" "$@" >"$log" 2>&1; then
         # Without a finding in the log the analysis itself failed.
         grep -E '^[^ ].*(warning|error):' "$log" | sort -u || tail -n 20 "$log"
         findings=1
@@ -52,20 +53,20 @@ tidy() {
 }
 
 echo "== clang-format"
-find app bench cli host report route2 samplehost tests \( -name '*.cpp' -o -name '*.h' \) -print0 |
+find "${product_folders[@]}" bench tests \( -name '*.cpp' -o -name '*.h' \) -print0 |
     xargs -0 clang-format --dry-run --Werror || findings=1
 
-configure native
-configure windows
-sources_of native >"$work/native.sources"
-tidy native <"$work/native.sources"
+configure analysis
+configure analysis-windows
+sources_of analysis >"$work/native.sources"
+tidy analysis <"$work/native.sources"
 # clang needs to be told where the cross compiler keeps its C++ headers.
 cross_arguments=(--extra-arg=--target=x86_64-w64-mingw32)
 for folder in $(x86_64-w64-mingw32-g++-posix -E -x c++ -v /dev/null 2>&1 | grep -E '^ .*/c\+\+'); do
     cross_arguments+=("--extra-arg-before=-isystem$folder")
 done
-sources_of windows native >"$work/windows.sources"
-tidy windows "${cross_arguments[@]}" <"$work/windows.sources"
+sources_of analysis-windows analysis >"$work/windows.sources"
+tidy analysis-windows "${cross_arguments[@]}" <"$work/windows.sources"
 
 echo "== cppcheck"
 cppcheck --quiet --std=c++20 --language=c++ -j "$jobs" -I . \
@@ -73,7 +74,7 @@ cppcheck --quiet --std=c++20 --language=c++ -j "$jobs" -I . \
     --suppressions-list=.cppcheck-suppressions --error-exitcode=1 \
     --template='{file}:{line}: {severity}: {message} [{id}]' \
     --max-configs=4 \
-    app bench cli host report route2 samplehost tests/support tests/fuzz || findings=1
+    "${product_folders[@]}" bench tests/support tests/fuzz || findings=1
 
 [ "$findings" = 1 ] || echo "no findings"
 exit "$findings"

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "compute/compute_run.h"
 #include "bench/question_counter.h"
 #include "bench/regular_building.h"
+#include "compute/compute_run.h"
 #include "host/remembering_host.h"
 #include "tests/support/test_folder.h"
 

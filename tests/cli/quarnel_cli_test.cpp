@@ -12,6 +12,7 @@
 #include "tests/support/run_program.h"
 #include "tests/support/small_building.h"
 #include "tests/support/status_lines.h"
+#include "version.h"
 
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -337,7 +338,7 @@ TEST_F(QuarnelCli, HelpTeachesTheCommandItsExitCodesAndTheInputFile) {
 TEST_F(QuarnelCli, VersionIsOneLine) {
     const ProgramRun run = Cli({"--version"});
     EXPECT_EQ(0, run.exitCode);
-    EXPECT_EQ("quarnel-cli " QUARNEL_VERSION "\n", run.out);
+    EXPECT_EQ("quarnel-cli " QUARNEL_VERSION_TEXT "\n", run.out);
     EXPECT_EQ("", run.err);
 }
 

@@ -21,7 +21,7 @@ PLACEHOLDERS = [
 
 
 def sources():
-    for folder in ("route2", "report", "host", "app"):
+    for folder in ("input", "route2", "report", "host", "compute"):
         for path in sorted((ROOT / folder).glob("*.cpp")):
             yield path.name, path.read_text(encoding="utf-8")
 
