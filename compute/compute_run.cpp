@@ -2,8 +2,9 @@
 
 #include <exception>
 
-#include "log/processing_log.h"
+#include "log/formatted_print.h"
 #include "platform/file_lookup.h"
+#include "report/results_csv.h"
 #include "route2/aij_code_route2.h"
 #include "route2/report_paths.h"
 
@@ -73,7 +74,7 @@ void RunSteps(AijCodeRoute2& engine, const std::string& modelPath, const std::st
         return;
     }
     if (!engine.hostLink->AreResultsAvailable()) {
-        LogWarning(engine.logFile, "ORVEK results are not available.");
+        engine.Warn(WarningKind::kResultsNotAvailable);
         status.Append(StatusText::kResultsNotAvailable);
         status.Append(StatusText::kRunAnalysisFirst);
         outcome.failure = "the host holds no analysis results for the model: analyse it first";
@@ -143,7 +144,7 @@ RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& con
     const std::string modelPath = host->GetModelFilePath();
     // Stands for the log until Initialize names it.
     reports.logFile = ReportStem(modelPath) + "Route2.log";
-    AijCodeRoute2 engine(host);
+    AijCodeRoute2 engine(host, WriteResultRows);
     RunGuarded(engine, modelPath, inputFilePath, status, reports, outcome);
 
     status.Append(StatusText::kFinishes);

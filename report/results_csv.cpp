@@ -1,5 +1,5 @@
-// The results file: six sections, one table per check. Everything but angles, ratios and verdicts
-// is printed as the checks stored it.
+// The results file: six sections, one table per check. Angles, ratios and verdicts come from the
+// checks' own files; everything else is printed as the checks stored it.
 
 #include "report/results_csv.h"
 
@@ -7,29 +7,13 @@
 #include <unordered_map>
 #include <vector>
 
-#include "log/processing_log.h"
-#include "route2/aij_code_route2.h"
+#include "log/formatted_print.h"
+#include "route2/eccentricity_modulus.h"
+#include "route2/stiffness_ratio.h"
+#include "route2/story_drift.h"
 #include "route2/tested_access.h"
 
-double DeformAngle(double relativeDisp, double storyHeight) {
-    return storyHeight > 0.0 ? relativeDisp / storyHeight : 0.0;
-}
-
-double StiffnessRatioX(double angle, double rsBar) {
-    const double product = angle * rsBar;
-    return product == 0.0 ? 0.0 : 1.0 / product;
-}
-
-double StiffnessRatioZ(double angle, double rsBar) {
-    if (angle == 0.0 || rsBar == 0.0) return 0.0;
-    return (1.0 / angle) / rsBar;
-}
-
 namespace {
-
-const char* Verdict(bool passes) {
-    return passes ? "PASS" : "FAIL";
-}
 
 int StoryNumber(std::size_t index) {
     return static_cast<int>(index + 1);
@@ -87,20 +71,16 @@ constexpr Block kBlocks[] = {
 };
 
 double AngleOfAllRow(const Block& block, double relativeDisp, double storyHeight) {
-    if (block.allRowDividesByAnyHeight) return relativeDisp / storyHeight;
-    return DeformAngle(relativeDisp, storyHeight);
-}
-
-double StiffnessRatio(const Block& block, double angle, double rsBar) {
-    return block.axis == kX ? StiffnessRatioX(angle, rsBar) : StiffnessRatioZ(angle, rsBar);
+    return block.allRowDividesByAnyHeight ? DeformAngleOfAnyHeight(relativeDisp, storyHeight)
+                                          : DeformAngle(relativeDisp, storyHeight);
 }
 
 // Writes the six sections of one engine's results to its results stream.
 class ResultsWriter {
 public:
-    explicit ResultsWriter(const AijCodeRoute2& engine)
+    ResultsWriter(std::FILE* file, const AijCodeRoute2& engine)
         : engine_(engine),
-          file_(engine.resultFile),
+          file_(file),
           loadCases_(static_cast<std::size_t>(engine.numPrimaryLoadCases) +
                      static_cast<std::size_t>(engine.numLoadCombinations)) {}
 
@@ -186,7 +166,7 @@ void ResultsWriter::PrintStoryDeformAngles(const Block& block, std::size_t story
     const double height = StoryHeight(info);
     const double allowable = info.allowDeformAngle;
     const auto judge = [&](double angle) {
-        if (!block.repeatsLastAngleVerdict) verdict_ = Verdict(allowable > angle);
+        if (!block.repeatsLastAngleVerdict) verdict_ = TextOf(JudgeDeformAngle(angle, allowable));
     };
     for (std::size_t k = 0; k < loadCases_; ++k) {
         const double disp = At((info.*block.dispByLoadCase)[block.axis], k);
@@ -223,9 +203,8 @@ void ResultsWriter::PrintStoryMemberAngles(std::size_t story, const ReportedReco
         const auto ofLoadCase = records.find(LoadCaseNumber(k));
         if (ofLoadCase == records.end()) continue;
         for (const StoryMember* record : ofLoadCase->second) {
-            // A negative story height divides here; only 0 does not.
-            const double angle = height == 0.0 ? 0.0 : record->relativeDisp[axis] / height;
-            verdict_ = Verdict(info.allowDeformAngle > angle);
+            const double angle = MemberDeformAngle(record->relativeDisp[axis], height);
+            verdict_ = TextOf(JudgeDeformAngle(angle, info.allowDeformAngle));
             // The load column counts the load cases from 1; the other sections print numbers.
             Print(file_, rowFormat, StoryNumber(story), static_cast<int>(k + 1),
                   static_cast<int>(record->memberNumber), height, angle, info.allowDeformAngle,
@@ -251,14 +230,14 @@ void ResultsWriter::PrintStoryStiffnessRatios(const Block& block, std::size_t st
     for (std::size_t k = 0; k < loadCases_; ++k) {
         const double disp = At((info.*block.dispByLoadCase)[block.axis], k);
         const double rsBar = At((engine_.*block.rsBarByLoadCase)[block.axis], k);
-        const double ratio = StiffnessRatio(block, DeformAngle(disp, height), rsBar);
-        verdict_ = Verdict(ratio > allowable);
+        const double ratio = StiffnessRatio(block.axis, DeformAngle(disp, height), rsBar);
+        verdict_ = TextOf(JudgeStiffnessRatio(ratio, allowable));
         PrintLoadCaseRow(story, k, disp, ratio, allowable);
     }
     const double disp = (info.*block.dispOfAll)[block.axis];
     const double rsBar = (engine_.*block.rsBarOfAll)[block.axis];
-    const double ratio = StiffnessRatio(block, AngleOfAllRow(block, disp, height), rsBar);
-    verdict_ = Verdict(ratio > allowable);
+    const double ratio = StiffnessRatio(block.axis, AngleOfAllRow(block, disp, height), rsBar);
+    verdict_ = TextOf(JudgeStiffnessRatio(ratio, allowable));
     PrintAllRow(story, disp, ratio, allowable);
 }
 
@@ -287,34 +266,13 @@ void ResultsWriter::PrintEccentricityModuli() {
         const PerDirection& modulus = info.eccentricityModulus;
         Print(file_, "%d,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s,%s\n", StoryNumber(story),
               info.lowerLevel, info.upperLevel, StoryHeight(info), modulus[kX], modulus[kZ],
-              allowable, Verdict(allowable > modulus[kX]), Verdict(allowable > modulus[kZ]));
+              allowable, TextOf(JudgeEccentricityModulus(modulus[kX], allowable)),
+              TextOf(JudgeEccentricityModulus(modulus[kZ], allowable)));
     }
 }
 
 }  // namespace
 
-void AijCodeRoute2::PrintStoryInfoCsv() {
-    Print(logFile, "\nStarts printing story info in csv style...\n");
-    resultFile = std::fopen(resultFilePath.c_str(), "w");
-    if (resultFile == nullptr) {
-        // One more try empties the file where it succeeds, but the run has no results either way.
-        resultFile = std::fopen(resultFilePath.c_str(), "w");
-        LogWarning(logFile, "Cannot open result file " + resultFilePath + ".");
-        return;
-    }
-    try {
-        ResultsWriter(*this).PrintSections();
-    } catch (...) {
-        // Left open, the file would be incomplete and in use until the program ends.
-        CloseResultFile();
-        throw;
-    }
-    const bool noWriteFailed = std::ferror(resultFile) == 0;
-    resultFileWritten = CloseResultFile() && noWriteFailed;
-    Print(logFile, "Ends printing story info in csv style...\n");
-}
-
-bool AijCodeRoute2::CloseResultFile() {
-    if (resultFile == nullptr) return false;
-    return std::fclose(resultFile) == 0;
+void WriteResultRows(std::FILE* file, const AijCodeRoute2& engine) {
+    ResultsWriter(file, engine).PrintSections();
 }

@@ -1,13 +1,10 @@
 #pragma once
 
-// Values that the results file derives from stored displacements. Displacements and heights in
-// mm; angles and ratios are dimensionless.
+#include <cstdio>
 
-/// Story deformation angle; 0 for a story height that is not positive.
-double DeformAngle(double relativeDisp, double storyHeight);
+#include "route2/aij_code_route2.h"
 
-/// Story stiffness ratio of the X direction: 1 / (angle * rsBar); 0 when that product is 0.
-double StiffnessRatioX(double angle, double rsBar);
-
-/// Story stiffness ratio of the Z(or Y) direction: (1 / angle) / rsBar; 0 when either is 0.
-double StiffnessRatioZ(double angle, double rsBar);
+/// Writes the six sections of the results file: one table per check, from the engine's records.
+/// `file` is open and stays open. An index beyond a vector's end stops it at that row with
+/// std::out_of_range.
+void WriteResultRows(std::FILE* file, const AijCodeRoute2& engine);

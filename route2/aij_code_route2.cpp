@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/units.h"
 #include "log/processing_log.h"
 #include "route2/report_paths.h"
 
@@ -11,8 +12,10 @@ constexpr std::int32_t kEnglishUnitSystem = 1;
 
 }  // namespace
 
-AijCodeRoute2::AijCodeRoute2(HostQueries* host)
-    : inchUnits(host->GetBaseUnitSystem() == kEnglishUnitSystem), hostLink(host) {}
+AijCodeRoute2::AijCodeRoute2(HostQueries* host, ResultRowsWriter resultRowsWriter)
+    : inchUnits(host->GetBaseUnitSystem() == kEnglishUnitSystem),
+      hostLink(host),
+      writeResultRows(resultRowsWriter) {}
 
 bool AijCodeRoute2::Initialize(std::string modelPath, std::string dataPath, std::string& logPathOut,
                                std::string& resultPathOut) {
@@ -30,9 +33,16 @@ bool AijCodeRoute2::Initialize(std::string modelPath, std::string dataPath, std:
     return SetLoadCaseNumbersWithDataFile();
 }
 
-bool AijCodeRoute2::RequireStoryInfo(const char* subject) {
-    if (storyInfoSet) return true;
-    LogWarning(logFile,
-               std::string("Story info. has not set yet. Stops setting ") + subject + "...");
-    return false;
+void AijCodeRoute2::Warn(WarningKind kind, std::size_t story, const std::string& path) {
+    warnings.push_back({kind, static_cast<int>(story), path});
+    LogWarning(logFile, FillIn(TextsOf(kind).log, warnings.back()));
+}
+
+bool AijCodeRoute2::RequireStoryInfo(WarningKind whenMissing) {
+    if (!storyInfoSet) Warn(whenMissing);
+    return storyInfoSet;
+}
+
+double AijCodeRoute2::MillimetresPerHostLength() const {
+    return inchUnits ? kMillimetresPerInch : kMillimetresPerMetre;
 }

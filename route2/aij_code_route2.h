@@ -4,13 +4,22 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/host_queries.h"
+#include "log/warnings.h"
+#include "route2/gravity_center.h"
+#include "route2/member_ends.h"
+#include "route2/node_table.h"
 #include "route2/number_index.h"
 #include "route2/records.h"
+
+class AijCodeRoute2;
+
+/// Writes the rows of an open results file from the engine's records. An index beyond a vector's
+/// end stops it at that row with std::out_of_range.
+using ResultRowsWriter = void (*)(std::FILE* file, const AijCodeRoute2& engine);
 
 /// The engine of one Route 2 check run.
 ///
@@ -18,14 +27,14 @@
 /// checks. A run constructs one engine, calls its steps in the order in which they stand below
 /// and throws it away. Lengths are in mm, forces in kN, stiffness in kN/mm.
 ///
-/// Steps do not throw for what an engineer can get wrong: they write a warning to the log and
-/// return, or go on with the fallback that the warning names. A failed host call
+/// Steps do not throw for what an engineer can get wrong: they warn, in `warnings` and in the log,
+/// and return, or go on with the fallback that the warning names. A failed host call
 /// (HostCallError) and an index beyond a vector's end (std::out_of_range, "invalid vector
 /// subscript") leave the step and end the run.
 class AijCodeRoute2 {
 public:
     /// Borrows `host`, which must outlive the engine, and asks it for its base unit system.
-    explicit AijCodeRoute2(HostQueries* host);
+    AijCodeRoute2(HostQueries* host, ResultRowsWriter resultRowsWriter);
 
     /// Releases memory only: closing the log is the run's business.
     ~AijCodeRoute2() = default;
@@ -39,24 +48,57 @@ public:
                     std::string& resultPathOut);
 
     // Setup, from the host.
-    void SetLoadInfo();
-    void SetNodeInfo();
-    bool SetMemberInfo();  ///< false when a member stopped it; the axis vectors end there
 
-    // Floors and stories, from the input file or else from the host's members.
+    /// Leaves loadCaseNumbers. Asks for two counts and two lists.
+    void SetLoadInfo();
+
+    /// Leaves nodes in mm, their supports and baseLevel.
+    void SetNodeInfo();
+
+    /// Reads the nodes; leaves members and their axes. Refuses, false, at a member whose node is
+    /// missing or which has no length: memberNumbers then holds every member, the axes those before
+    /// it.
+    bool SetMemberInfo();
+
+    // Floors and stories.
+
+    /// Reads the input file, else baseLevel and the members' heights; leaves floorLevels.
     void SetFloorInfo();
+
+    /// Reads floorLevels, then the input file, else the members' heights; leaves stories with their
+    /// members, allowable values and output flags.
     void SetStoryInfo();
 
-    // Checks.
+    // Checks. Each refuses while storyInfoSet is false.
+
+    /// Asks for the displacements of every record's two nodes; leaves relativeDisp of the records,
+    /// and largest and mean values of the stories.
     bool SetRelativeStoryDisp();
+
+    /// Reads the stories' displacements; leaves the four rsBar... fields.
     bool SetRsBar();
+
+    /// Asks for the dead load forces of every member that a story's cutting plane meets; leaves
+    /// weightAbove and gravityCenter. Refuses while nodeInfoSet is false, and stops at a member
+    /// whose node is missing: stories before it keep their results.
     void SetGravityCenter();
+
+    /// Asks for the earthquake forces at every record's lower end; leaves shearForce.
     void SetStoryMemberShearForce();
+
+    /// Reads relativeDisp and shearForce; leaves horizontalStiffness.
     bool SetStoryMemberHorizontalStiffness();
+
+    /// Reads horizontalStiffness; leaves rigidityCenter.
     bool SetRigidityCenter();
+
+    /// Reads horizontalStiffness and both centres; leaves eccentricityModulus.
     bool SetEccentricityModulus();
 
     // Report.
+
+    /// Opens, fills and closes the results file. Warns when it cannot be opened, and then writes
+    /// nothing.
     void PrintStoryInfoCsv();
     bool CloseResultFile();  ///< true when a results file was open and closed without error
 
@@ -73,103 +115,114 @@ public:
 
     /// True, with its level in mm, when the member's ends are less than 0.1 mm apart in height.
     bool GetFloorLevelOfMember(std::int32_t member, double& level);
-    bool SetStoryMember();
+    bool SetStoryMember();  ///< false, storyInfoSet unset, when a member's node is missing
     bool SetStoryMemberBaseVector();
     std::int32_t SetLowerNodeNumber(std::int32_t member);  ///< the end node when both are level
     std::int32_t SetUpperNodeNumber(std::int32_t member);  ///< the end node when both are level
     double SetMemberHeight(std::int32_t member);           ///< mm, never negative
 
-    // Files. The results stream is opened and closed by PrintStoryInfoCsv alone. An exception that
-    // ends the writing leaves the file complete up to the row that failed.
+    /// Writes a warning to the log and keeps it. `story` counts from 1; 0 is no story.
+    void Warn(WarningKind kind, std::size_t story = 0, const std::string& path = {});
+
+    /// The nodes, for whoever looks members up among them; good while the engine lives.
+    NodeTable Nodes() const { return {nodeCoords, nodePositions_, zIsVertical}; }
+
+    double MillimetresPerHostLength() const;
+
+    // Written by Initialize; logFile is closed by the run.
     std::FILE* logFile = nullptr;
+
+    // Written by PrintStoryInfoCsv.
     std::FILE* resultFile = nullptr;
     bool resultFileWritten = false;  ///< all rows went to the results file, none was lost
+
+    // Written by Initialize.
     std::string modelFilePath;
-
-    // Axes and units.
     bool zIsVertical = false;  ///< the vertical axis is Z; otherwise Y
-    bool inchUnits = false;    ///< the host answers in inch and kip; otherwise metre and kN
 
-    // Load info.
+    // Written by the constructor.
+    bool inchUnits = false;  ///< the host answers in inch and kip; otherwise metre and kN
+
+    // Written by SetLoadInfo.
     std::int32_t numPrimaryLoadCases = 0;
     std::int32_t numLoadCombinations = 0;
 
-    // Allowable values of every new story.
+    // Allowable values of every new story; nobody changes them.
     double allowStoryDeformAngle = 0.005;  // 1/200
     double allowStoryStiffRatio = 0.6;
     double allowStoryEccentricityModulus = 0.15;
 
-    // Load info.
+    // Written by Initialize, from the input file.
     std::int32_t deadLoadCaseNumber = 1;
-    std::array<std::int32_t, 2> earthquakeLoadCaseNumber{1, 1};  ///< [kX], [kZ]
+    EarthquakeCases earthquakeLoadCaseNumber{1, 1};
 
     // Status.
-    bool loadInfoSet = false;
-    bool nodeInfoSet = false;
+    bool loadInfoSet = false;  ///< by SetLoadInfo; no step asks, tests and debuggers do
+    bool nodeInfoSet = false;  ///< by SetNodeInfo
 
-    // Node info, in the host's order.
+    // Written by SetNodeInfo, in the host's order.
     std::vector<std::int32_t> nodeNumbers;
     std::vector<Vec3> nodeCoords;  ///< mm
-    double baseLevel = 0.0;        ///< mm
+    std::vector<bool> nodeSupported;
+    double baseLevel = 0.0;  ///< mm
 
-    // Member info, in the host's order.
+    // Written by SetMemberInfo, in the host's order.
     std::vector<std::int32_t> memberNumbers;
-    std::vector<Vec3> memberAxisX;  ///< unit vector from start to end node
+    std::vector<std::array<std::int32_t, 2>> memberEndNodes;  ///< start and end, as the host has it
+    std::vector<Vec3> memberAxisX;                            ///< unit vector from start to end
     std::vector<Vec3> memberAxisY;
     std::vector<Vec3> memberAxisZ;
 
-    // Floor info.
+    // Written by SetFloorInfo.
     bool floorLevelsSet = false;
+    bool floorLevelsFromFile = false;
     std::vector<double> floorLevels;  ///< mm; ascending and distinct after SetFloorInfo
 
-    // Story info, lowest story first.
+    // Written by SetStoryInfo, lowest story first; the checks fill in their results.
     bool storyInfoSet = false;
+    bool storyMembersFromFile = false;
     std::vector<StoryInfo> stories;
 
-    /// All primary load cases, then all combinations. Every per-load-case vector has this order.
+    // Written by SetLoadInfo: all primary load cases, then all combinations. Every per-load-case
+    // vector has this order.
     std::vector<std::int32_t> loadCaseNumbers;
 
-    // Means over the stories of story height / relative story displacement.
+    // Written by SetRsBar: means over the stories of story height / relative story displacement.
     PerDirectionByLoadCase rsBarOfMaxDispByLoadCase;
     PerDirection rsBarOfMaxDisp{};
     PerDirectionByLoadCase rsBarOfMeanDispByLoadCase;
     PerDirection rsBarOfMeanDisp{};
 
-    HostQueries* hostLink;
+    // Written by the checks, each when it has reached its end: what the findings may rest on.
+    bool relativeDispSet = false;
+    bool rsBarSet = false;
+    bool shearForceSet = false;
+    bool stiffnessSet = false;
+    bool rigidityCenterSet = false;
+    bool eccentricityModulusSet = false;
 
+    // Written by every step: what stands in the log as warnings, in its order.
+    std::vector<Warning> warnings;
+
+    HostQueries* hostLink;
+    ResultRowsWriter writeResultRows;
+
+    // Written by Initialize.
     std::string logFilePath;
     std::string dataFilePath;
     std::string resultFilePath;
 
 private:
-    /// Where a member's two end nodes stand in nodeNumbers. A node that is not there has no
-    /// value.
-    struct MemberEnds {
-        std::int32_t startNode = 0;
-        std::int32_t endNode = 0;
-        std::optional<std::size_t> start;
-        std::optional<std::size_t> end;
-        bool BothFound() const { return start && end; }
-    };
+    /// The heights of a member's ends. A missing node warns and throws std::out_of_range.
+    EndHeights AskEndHeights(std::int32_t member, WarningKind whenMissing);
 
-    MemberEnds AskMemberEnds(std::int32_t member);
+    /// Whether storyInfoSet is; warns when it is not.
+    bool RequireStoryInfo(WarningKind whenMissing);
 
-    /// The ends' heights, mm. A missing node warns in the log, "... as setting" + `purpose`, and
-    /// throws std::out_of_range.
-    struct EndHeights {
-        std::int32_t startNode;
-        std::int32_t endNode;
-        double start;
-        double end;
-    };
-    EndHeights AskEndHeights(std::int32_t member, const char* purpose);
-
-    double Vertical(const Vec3& point) const { return zIsVertical ? point.z : point.y; }
-    double PlanZ(const Vec3& point) const { return zIsVertical ? point.y : point.z; }
-    double MillimetresPerHostLength() const { return inchUnits ? 25.4 : 1000.0; }
-
-    /// Warns "Story info. has not set yet. Stops setting `subject`..." unless it has been.
-    bool RequireStoryInfo(const char* subject);
+    void ReadNodeNumbers();
+    Vec3 AskNodeCoordinates(std::int32_t node);  ///< mm
+    void LowerBaseLevel();                       ///< by the node read last
+    void ReadMemberNumbers();
 
     void DeriveFloorLevels();
     void LogFloorLevels();
@@ -183,14 +236,8 @@ private:
     void SetRsBarOfAllLoadCases();
     void SetRsBarByLoadCase();
 
-    /// Vertical forces of the members that a story's cutting plane meets, kN and kN mm.
-    struct WeightSums {
-        double weight = 0.0;
-        double weightTimesX = 0.0;
-        double weightTimesZ = 0.0;
-    };
     bool SumWeights(const StoryInfo& story, WeightSums& sums);  ///< false when a node is missing
-    double WeightAtLowerEnd(std::size_t memberPosition, std::int32_t end);
+    double WeightAtLowerEnd(std::size_t memberPosition, std::int32_t end);  ///< kN
 
     void SetEccentricityModulusOf(StoryInfo& story, std::size_t storyNumber);
 

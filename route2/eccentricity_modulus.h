@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
-
 #include "route2/records.h"
+#include "route2/tool_verdict.h"
 
 /// One story's stiffness about its centre of rigidity.
 struct TorsionalStiffness {
@@ -13,9 +11,23 @@ struct TorsionalStiffness {
 };
 
 /// Sums over the records under the two earthquake load cases. A record of both counts in both.
-TorsionalStiffness SumTorsionalStiffness(
-    const StoryInfo& story, const std::array<std::int32_t, 2>& earthquakeLoadCaseNumber);
+TorsionalStiffness SumTorsionalStiffness(const StoryInfo& story, const EarthquakeCases& cases);
 
-/// Eccentricity `distance` (mm, any sign) over the elastic radius sqrt(kr / k) of a direction with
-/// stiffness `k`; 0 when the radius is 0, NaN when the quotient is negative.
+/// Whether there is a torsional stiffness to divide by: not when it is nearly 0 or negative. A NaN
+/// counts as one, and makes the modulus a NaN.
+bool HasTorsionalStiffness(double kr);
+
+/// Elastic radius sqrt(kr / k) of a direction with stiffness `k`, mm; NaN when the quotient is
+/// negative.
+double ElasticRadius(double kr, double k);
+
+/// The distance between the centres of gravity and of rigidity across each direction, mm, signed:
+/// the X direction has its eccentricity along Z(or Y), and the other way round.
+PerDirection EccentricityAcross(const StoryInfo& story);
+
+/// Eccentricity `distance` (mm, any sign) over the elastic radius of a direction with stiffness
+/// `k`; 0 when the radius is 0.
 double EccentricityModulus(double distance, double kr, double k);
+
+/// The tool's verdict: passes below the allowable value.
+ToolVerdict JudgeEccentricityModulus(double modulus, double allowable);

@@ -1,33 +1,57 @@
 // Centre of gravity of a story: the members that cross a plane just above its lower floor, each
 // weighed by the vertical force at its lower end under the dead load.
 
+#include "route2/gravity_center.h"
+
 #include <cmath>
-#include <string>
 
 #include "host/units.h"
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
-#include "route2/near_zero.h"
+#include "route2/end_forces.h"
 #include "route2/tested_access.h"
+#include "route2/tolerances.h"
 
 namespace {
 
-// The cutting plane stands one tenth of the story height above the lower floor.
-constexpr double kCuttingPlaneFraction = 10.0;
+constexpr double kCuttingPlaneDivisor = 10.0;  // of the story height
 
 }  // namespace
+
+double CuttingLevel(const StoryInfo& story) {
+    return story.lowerLevel + StoryHeight(story) / kCuttingPlaneDivisor;
+}
+
+bool IsCut(double lowerHeight, double upperHeight, double cuttingLevel) {
+    return lowerHeight < cuttingLevel && upperHeight >= cuttingLevel;
+}
+
+void AddWeight(WeightSums& sums, double weight, const Vec3& lowerPoint, bool zIsVertical) {
+    sums.weight += weight;
+    sums.weightTimesX += weight * lowerPoint.x;
+    sums.weightTimesZ += weight * PlanZ(lowerPoint, zIsVertical);
+}
+
+bool HasWeight(const WeightSums& sums) {
+    return std::abs(sums.weight) >= kNearlyZero;
+}
+
+PerDirection GravityCenter(const WeightSums& sums) {
+    if (!HasWeight(sums)) return {0.0, 0.0};
+    return {sums.weightTimesX / sums.weight, sums.weightTimesZ / sums.weight};
+}
 
 double AijCodeRoute2::WeightAtLowerEnd(std::size_t memberPosition, std::int32_t end) {
     SixDoubles force{};
     hostLink->GetMemberEndForces(memberNumbers[memberPosition], end, deadLoadCaseNumber, force);
-    const double weight = force[0] * Vertical(At(memberAxisX, memberPosition)) +
-                          force[1] * Vertical(At(memberAxisY, memberPosition)) +
-                          force[2] * Vertical(At(memberAxisZ, memberPosition));
+    const MemberAxes axes{At(memberAxisX, memberPosition), At(memberAxisY, memberPosition),
+                          At(memberAxisZ, memberPosition)};
+    const double weight = Vertical(GlobalForce(force, axes), zIsVertical);
     return inchUnits ? weight * kKnPerKip : weight;
 }
 
 bool AijCodeRoute2::SumWeights(const StoryInfo& story, WeightSums& sums) {
-    const double cuttingLevel = story.lowerLevel + StoryHeight(story) / kCuttingPlaneFraction;
+    const double cuttingLevel = CuttingLevel(story);
     for (std::size_t j = 0; j < memberNumbers.size(); ++j) {
         const std::int32_t member = memberNumbers[j];
         std::int32_t startNode = 0, endNode = 0;
@@ -37,18 +61,12 @@ bool AijCodeRoute2::SumWeights(const StoryInfo& story, WeightSums& sums) {
         const auto lower = nodePositions_.First(lowerNode);
         const auto upper = nodePositions_.First(upperNode);
         if (!lower || !upper) {
-            LogWarning(logFile,
-                       "Node number is not set correctly. Stops setting gravity center...");
+            Warn(WarningKind::kNodeMissingForGravityCenter);
             return false;
         }
-        const Vec3& lowerPoint = nodeCoords[*lower];
-        if (!(Vertical(lowerPoint) < cuttingLevel && Vertical(nodeCoords[*upper]) >= cuttingLevel))
-            continue;
-
-        const double weight = WeightAtLowerEnd(j, startNode == lowerNode ? 0 : 1);
-        sums.weight += weight;
-        sums.weightTimesX += weight * lowerPoint.x;
-        sums.weightTimesZ += weight * PlanZ(lowerPoint);
+        if (!IsCut(Nodes().HeightOf(*lower), Nodes().HeightOf(*upper), cuttingLevel)) continue;
+        AddWeight(sums, WeightAtLowerEnd(j, LowerEnd(startNode, lowerNode)), nodeCoords[*lower],
+                  zIsVertical);
     }
     return true;
 }
@@ -56,23 +74,17 @@ bool AijCodeRoute2::SumWeights(const StoryInfo& story, WeightSums& sums) {
 void AijCodeRoute2::SetGravityCenter() {
     LogStart(logFile, "gravity center");
     if (!nodeInfoSet) {
-        LogWarning(logFile, "Node info. has not set yet. Stops setting gravity center...");
+        Warn(WarningKind::kNoNodesForGravityCenter);
         return;
     }
-    if (!RequireStoryInfo("gravity center")) return;
+    if (!RequireStoryInfo(WarningKind::kNoStoriesForGravityCenter)) return;
 
     for (std::size_t i = 0; i < stories.size(); ++i) {
         WeightSums sums;
         if (!SumWeights(stories[i], sums)) return;
-        if (!(std::abs(sums.weight) >= kNearlyZero)) {
-            LogWarning(logFile, "Total weight is nearly equal to 0 as setting gravity center of " +
-                                    std::to_string(i + 1) +
-                                    "-th story. Gravity center is set as (0, 0).");
-            stories[i].gravityCenter = {0.0, 0.0};
-            continue;
-        }
-        stories[i].gravityCenter = {sums.weightTimesX / sums.weight,
-                                    sums.weightTimesZ / sums.weight};
+        if (!HasWeight(sums)) Warn(WarningKind::kNoWeight, i + 1);
+        stories[i].weightAbove = sums.weight;
+        stories[i].gravityCenter = GravityCenter(sums);
     }
     LogEnd(logFile, "gravity center");
 }

@@ -49,9 +49,7 @@ bool AijCodeRoute2::SetStoryInfoWithDataFile() {
 
         const std::int32_t story = ToInteger(line.Keyword());
         if (story > static_cast<std::int64_t>(stories.size())) {
-            LogWarning(logFile,
-                       "Story number for setting story members in data file is bigger than number "
-                       "of stories. Stops setting story members.");
+            Warn(WarningKind::kNoSuchStoryForMembers);
             return LineResult::kFail;
         }
         for (std::size_t k = 1; k < line.ListEnd(); ++k) {
@@ -96,14 +94,14 @@ namespace {
 struct AllowableValue {
     const char* keyword;
     double StoryInfo::*field;
-    const char* nameInWarning;
+    WarningKind noSuchStory;
 };
 
 constexpr AllowableValue kAllowableValues[] = {
-    {"AllowStoryDeformAngle", &StoryInfo::allowDeformAngle, "allowable story deformation angle"},
-    {"AllowStoryStiffRatio", &StoryInfo::allowStiffRatio, "allowable story stiff ratio"},
+    {"AllowStoryDeformAngle", &StoryInfo::allowDeformAngle, WarningKind::kNoSuchStoryForAngle},
+    {"AllowStoryStiffRatio", &StoryInfo::allowStiffRatio, WarningKind::kNoSuchStoryForRatio},
     {"AllowStoryEccentricityModulus", &StoryInfo::allowEccentricityModulus,
-     "allowable story eccentricity modulus"},
+     WarningKind::kNoSuchStoryForModulus},
 };
 
 const AllowableValue* FindAllowableValue(const std::string& keyword) {
@@ -116,7 +114,7 @@ const AllowableValue* FindAllowableValue(const std::string& keyword) {
 
 bool AijCodeRoute2::SetStoryAllowableValues() {
     LogStart(logFile, "story allowable values");
-    if (!RequireStoryInfo("story allowable values")) return false;
+    if (!RequireStoryInfo(WarningKind::kNoStoriesForAllowableValues)) return false;
 
     const AllowableValue* current = nullptr;
     const auto processLine = [&](InputFile& line) {
@@ -129,9 +127,7 @@ bool AijCodeRoute2::SetStoryAllowableValues() {
 
         const std::int32_t story = ToInteger(line.Keyword());
         if (story > static_cast<std::int64_t>(stories.size())) {
-            LogWarning(logFile, std::string("Story number for ") + current->nameInWarning +
-                                    " in data file is bigger than number of stories. "
-                                    "Stops setting allowable values.");
+            Warn(current->noSuchStory);
             return LineResult::kFail;
         }
         At(stories, std::int64_t{story} - 1).*(current->field) = ToReal(line.Value(1));

@@ -1,10 +1,6 @@
 // Setup from the host: load case numbers, nodes and base level, members and their local axes.
 
-#include <algorithm>
-#include <cmath>
-
 #include "host/member_axes.h"
-#include "host/units.h"
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
 
@@ -26,67 +22,62 @@ void AijCodeRoute2::SetLoadInfo() {
 
 void AijCodeRoute2::SetNodeInfo() {
     LogStart(logFile, "node info");
-    std::vector<std::int32_t> list(static_cast<std::size_t>(hostLink->GetNodeCount()));
-    hostLink->GetNodeList(list);
-    nodeNumbers.reserve(list.size());
-    nodeCoords.reserve(list.size());
-    for (const std::int32_t node : list) {
-        // The host is asked for every node before any is used; the answer comes again below.
-        double x = 0.0, y = 0.0, z = 0.0;
-        hostLink->GetNodeCoordinates(node, x, y, z);
-        nodeNumbers.push_back(node);
-    }
-    nodePositions_ = NumberIndex(nodeNumbers);
-
-    double base = 0.0;
+    ReadNodeNumbers();
+    baseLevel = 0.0;
     for (const std::int32_t node : nodeNumbers) {
-        Vec3 point;
-        hostLink->GetNodeCoordinates(node, point.x, point.y, point.z);
-        const double factor = MillimetresPerHostLength();
-        point = {point.x * factor, point.y * factor, point.z * factor};
-        // The first node of the list takes part in the base level even without a support: this is
-        // intended, and makes a model without supports start at its first node.
-        if (nodeCoords.empty()) base = Vertical(point);
-        nodeCoords.push_back(point);
-
+        nodeCoords.push_back(AskNodeCoordinates(node));
         SixIntegers codes{};
         SixDoubles values{};
-        const bool isSupported = hostLink->GetSupportInfo(node, codes, values) != 0;
-        if (isSupported && Vertical(point) < base) base = Vertical(point);
+        nodeSupported.push_back(hostLink->GetSupportInfo(node, codes, values) != 0);
+        LowerBaseLevel();
     }
-    baseLevel = base;
     nodeInfoSet = true;
     LogEnd(logFile, "node info");
 }
 
+void AijCodeRoute2::ReadNodeNumbers() {
+    std::vector<std::int32_t> list(static_cast<std::size_t>(hostLink->GetNodeCount()));
+    hostLink->GetNodeList(list);
+    nodeNumbers.reserve(list.size());
+    nodeCoords.reserve(list.size());
+    nodeSupported.reserve(list.size());
+    for (const std::int32_t node : list) {
+        // The host is asked for every node before any is used; the answer comes again later.
+        AskNodeCoordinates(node);
+        nodeNumbers.push_back(node);
+    }
+    nodePositions_ = NumberIndex(nodeNumbers);
+}
+
+Vec3 AijCodeRoute2::AskNodeCoordinates(std::int32_t node) {
+    Vec3 point;
+    hostLink->GetNodeCoordinates(node, point.x, point.y, point.z);
+    const double factor = MillimetresPerHostLength();
+    return {point.x * factor, point.y * factor, point.z * factor};
+}
+
+// The first node of the list takes part in the base level even without a support: this is intended,
+// and makes a model without supports start at its first node.
+void AijCodeRoute2::LowerBaseLevel() {
+    const double height = Vertical(nodeCoords.back(), zIsVertical);
+    if (nodeCoords.size() == 1 || (nodeSupported.back() && height < baseLevel)) baseLevel = height;
+}
+
 bool AijCodeRoute2::SetMemberInfo() {
     LogStart(logFile, "member info");
-    std::vector<std::int32_t> list(static_cast<std::size_t>(hostLink->GetMemberCount()));
-    hostLink->GetMemberList(list);
-    memberNumbers.reserve(list.size());
-    memberAxisX.reserve(list.size());
-    memberAxisY.reserve(list.size());
-    memberAxisZ.reserve(list.size());
-    for (const std::int32_t member : list) {
-        std::int32_t startNode = 0, endNode = 0;
-        hostLink->GetMemberIncidence(member, startNode, endNode);
-        memberNumbers.push_back(member);
-    }
-
+    ReadMemberNumbers();
     for (const std::int32_t member : memberNumbers) {
-        const MemberEnds ends = AskMemberEnds(member);
+        const MemberEnds ends = AskMemberEnds(*hostLink, member, Nodes());
         const double beta = hostLink->GetMemberRotationAngle(member);
         if (!ends.BothFound()) {
-            LogWarning(logFile, "Node number is not set correctly. Stops setting member info...");
+            Warn(WarningKind::kNodeMissingForMember);
             return false;
         }
         const auto axes =
             FormMemberAxes(nodeCoords[*ends.start], nodeCoords[*ends.end], beta, zIsVertical);
         if (!axes) {
             // The whole length is tested; only the wording speaks of x coordinates.
-            LogWarning(logFile,
-                       "Difference of x coordinates between start and end nodes is equal zero. "
-                       "Stops setting member info...");
+            Warn(WarningKind::kMemberWithoutLength);
             return false;
         }
         memberAxisX.push_back(axes->x);
@@ -95,4 +86,20 @@ bool AijCodeRoute2::SetMemberInfo() {
     }
     LogEnd(logFile, "member info");
     return true;
+}
+
+void AijCodeRoute2::ReadMemberNumbers() {
+    std::vector<std::int32_t> list(static_cast<std::size_t>(hostLink->GetMemberCount()));
+    hostLink->GetMemberList(list);
+    for (const auto vectors : {&memberAxisX, &memberAxisY, &memberAxisZ})
+        vectors->reserve(list.size());
+    memberNumbers.reserve(list.size());
+    memberEndNodes.reserve(list.size());
+    for (const std::int32_t member : list) {
+        // Every member is asked for before any is used; the answer comes again later.
+        std::array<std::int32_t, 2> endNodes{};
+        hostLink->GetMemberIncidence(member, endNodes[0], endNodes[1]);
+        memberNumbers.push_back(member);
+        memberEndNodes.push_back(endNodes);
+    }
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "host/vec3.h"
@@ -16,6 +17,9 @@ using PerDirectionByLoadCase = std::array<std::vector<double>, 2>;
 
 inline constexpr std::size_t kX = 0;
 inline constexpr std::size_t kZ = 1;
+
+/// The earthquake load case of each plan direction.
+using EarthquakeCases = std::array<std::int32_t, 2>;
 
 /// One member of one story under one load case.
 struct StoryMember {
@@ -55,8 +59,9 @@ struct StoryInfo {
     /// of the next.
     std::vector<StoryMember> members;
 
-    PerDirection gravityCenter{};   ///< plan coordinates, mm
-    PerDirection rigidityCenter{};  ///< plan coordinates, mm
+    std::optional<double> weightAbove;  ///< sum of the vertical forces of the centre of gravity, kN
+    PerDirection gravityCenter{};       ///< plan coordinates, mm
+    PerDirection rigidityCenter{};      ///< plan coordinates, mm
     PerDirection eccentricityModulus{};
 };
 

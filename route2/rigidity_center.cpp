@@ -4,29 +4,18 @@
 #include "route2/rigidity_center.h"
 
 #include <cmath>
-#include <string>
 
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
-#include "route2/near_zero.h"
+#include "route2/tolerances.h"
 
-namespace {
-
-// NaN does not count as stiffness.
-bool HasZStiffness(const StiffnessSums& sums) {
-    return std::abs(sums.kz) >= kNearlyZero;
-}
-
-}  // namespace
-
-StiffnessSums SumStiffness(const std::vector<StoryMember>& members,
-                           const std::array<std::int32_t, 2>& earthquakeLoadCaseNumber) {
+StiffnessSums SumStiffness(const std::vector<StoryMember>& members, const EarthquakeCases& cases) {
     StiffnessSums sums;
     for (const StoryMember& record : members) {
-        if (record.loadCaseNumber == earthquakeLoadCaseNumber[kX]) {
+        if (record.loadCaseNumber == cases[kX]) {
             sums.kx += record.horizontalStiffness[kX];
             sums.kxTimesZ += record.horizontalStiffness[kX] * record.planZ;
-        } else if (record.loadCaseNumber == earthquakeLoadCaseNumber[kZ]) {
+        } else if (record.loadCaseNumber == cases[kZ]) {
             sums.kz += record.horizontalStiffness[kZ];
             sums.kzTimesX += record.horizontalStiffness[kZ] * record.planX;
         }
@@ -34,28 +23,27 @@ StiffnessSums SumStiffness(const std::vector<StoryMember>& members,
     return sums;
 }
 
+bool HasStiffness(double total) {
+    return std::abs(total) >= kNearlyZero;
+}
+
 PerDirection RigidityCenter(const StiffnessSums& sums) {
-    const double x = HasZStiffness(sums) ? sums.kzTimesX / sums.kz : 0.0;
+    const double x = HasStiffness(sums.kz) ? sums.kzTimesX / sums.kz : 0.0;
     return {x, sums.kxTimesZ / sums.kx};
 }
 
 bool AijCodeRoute2::SetRigidityCenter() {
     LogStart(logFile, "center of rigidity");
-    if (!RequireStoryInfo("center of rigidity")) return false;
+    if (!RequireStoryInfo(WarningKind::kNoStoriesForRigidityCenter)) return false;
     for (std::size_t i = 0; i < stories.size(); ++i) {
         const StiffnessSums sums = SumStiffness(stories[i].members, earthquakeLoadCaseNumber);
-        const std::string ofStory = " is nearly equal to 0 as setting rigidity center of " +
-                                    std::to_string(i + 1) + "-th story. ";
-        if (!HasZStiffness(sums))
-            LogWarning(logFile, "Total stiffness(Kz)" + ofStory +
-                                    "X coord. of rigidity center is set as 0.");
+        if (!HasStiffness(sums.kz)) Warn(WarningKind::kNoKzForRigidityCenter, i + 1);
         // Intended: the warning says 0, but the quotient is stored, so that a story without X
-        // stiffness cannot pass for one whose centre lies at 0.
-        if (std::abs(sums.kx) < kNearlyZero)
-            LogWarning(logFile, "Total stiffness(Kx)" + ofStory +
-                                    "Z(or Y) coord. of rigidity center is set as 0.");
+        // stiffness cannot pass for one whose centre lies at 0. A NaN does not warn here.
+        if (std::abs(sums.kx) < kNearlyZero) Warn(WarningKind::kNoKxForRigidityCenter, i + 1);
         stories[i].rigidityCenter = RigidityCenter(sums);
     }
+    rigidityCenterSet = true;
     LogEnd(logFile, "center of rigidity");
     return true;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <vector>
 
 #include "route2/records.h"
@@ -18,8 +16,11 @@ struct StiffnessSums {
 ///
 /// A record counts for one direction only, X first: with equal case numbers everything goes to kx
 /// and kz stays 0.
-StiffnessSums SumStiffness(const std::vector<StoryMember>& members,
-                           const std::array<std::int32_t, 2>& earthquakeLoadCaseNumber);
+StiffnessSums SumStiffness(const std::vector<StoryMember>& members, const EarthquakeCases& cases);
+
+/// Whether a direction has stiffness at all: a total (kN/mm) that is nearly 0, or not a number, is
+/// none.
+bool HasStiffness(double total);
 
 /// Plan position of the centre of rigidity, mm.
 ///

@@ -1,5 +1,5 @@
-// Story stiffness ratio Rs = rs / rs-bar: here its denominator, the mean over the stories of their
-// stiffness indices. The ratio itself is formed where it is reported.
+// Story stiffness ratio Rs = rs / rs-bar. A run stores the denominator, the mean over the stories
+// of their stiffness indices; the ratio is formed from it wherever it is asked for.
 
 #include "route2/stiffness_ratio.h"
 
@@ -17,11 +17,30 @@ double StiffnessIndex(double relativeDisp, double storyHeight) {
     return StiffnessIndexOfAnyHeight(relativeDisp, storyHeight);
 }
 
+double StiffnessRatioX(double angle, double rsBar) {
+    const double product = angle * rsBar;
+    return product == 0.0 ? 0.0 : 1.0 / product;
+}
+
+double StiffnessRatioZ(double angle, double rsBar) {
+    if (angle == 0.0 || rsBar == 0.0) return 0.0;
+    return (1.0 / angle) / rsBar;
+}
+
+double StiffnessRatio(std::size_t axis, double angle, double rsBar) {
+    return axis == kX ? StiffnessRatioX(angle, rsBar) : StiffnessRatioZ(angle, rsBar);
+}
+
+ToolVerdict JudgeStiffnessRatio(double ratio, double allowable) {
+    return PassesWhen(ratio > allowable);
+}
+
 bool AijCodeRoute2::SetRsBar() {
     LogStart(logFile, "Rs bar");
-    if (!RequireStoryInfo("Rs bar")) return false;
+    if (!RequireStoryInfo(WarningKind::kNoStoriesForRsBar)) return false;
     SetRsBarOfAllLoadCases();
     SetRsBarByLoadCase();
+    rsBarSet = true;
     LogEnd(logFile, "Rs bar");
     return true;
 }

@@ -1,6 +1,5 @@
 // Relative story displacement: the difference of a member's end displacements, and per story the
-// largest and the mean of its members. Story deformation angle = displacement / story height is
-// formed where it is reported.
+// largest and the mean of its members. Story deformation angle = displacement / story height.
 
 #include "route2/story_drift.h"
 
@@ -9,10 +8,10 @@
 
 #include "log/processing_log.h"
 #include "route2/aij_code_route2.h"
+#include "route2/tolerances.h"
 
 namespace {
 
-constexpr double kEqualHeight = 0.1;    // mm
 constexpr double kSmallestDisp = 0.01;  // mm
 
 // Stands for minus infinity, and is reported as it is for a load case without a record.
@@ -29,12 +28,28 @@ PerDirection RelativeDisp(const SixDoubles& lower, const SixDoubles& upper, doub
 }  // namespace
 
 double HeightRatio(double memberHeight, double storyHeight) {
-    if (std::abs(memberHeight - storyHeight) < kEqualHeight) return 1.0;
+    if (std::abs(memberHeight - storyHeight) < kSameLevel) return 1.0;
     return memberHeight / storyHeight;
 }
 
 double WithoutNumericalNoise(double relativeDisp) {
     return std::abs(relativeDisp) < kSmallestDisp ? 0.0 : relativeDisp;
+}
+
+double DeformAngle(double relativeDisp, double storyHeight) {
+    return storyHeight > 0.0 ? relativeDisp / storyHeight : 0.0;
+}
+
+double DeformAngleOfAnyHeight(double relativeDisp, double storyHeight) {
+    return relativeDisp / storyHeight;
+}
+
+double MemberDeformAngle(double relativeDisp, double storyHeight) {
+    return storyHeight == 0.0 ? 0.0 : relativeDisp / storyHeight;
+}
+
+ToolVerdict JudgeDeformAngle(double angle, double allowable) {
+    return PassesWhen(allowable > angle);
 }
 
 StoryDriftReduction::StoryDriftReduction(const std::vector<std::int32_t>& loadCaseNumbers)
@@ -84,7 +99,7 @@ void StoryDriftReduction::Reduce(StoryInfo& story) {
 
 bool AijCodeRoute2::SetRelativeStoryDisp() {
     LogStart(logFile, "relative story displacement");
-    if (!RequireStoryInfo("relative story displacement")) return false;
+    if (!RequireStoryInfo(WarningKind::kNoStoriesForDrift)) return false;
 
     for (StoryInfo& story : stories) {
         const double storyHeight = StoryHeight(story);
@@ -101,6 +116,7 @@ bool AijCodeRoute2::SetRelativeStoryDisp() {
     StoryDriftReduction reduction(loadCaseNumbers);
     for (StoryInfo& story : stories)
         reduction.Reduce(story);
+    relativeDispSet = true;
     LogEnd(logFile, "relative story displacement");
     return true;
 }

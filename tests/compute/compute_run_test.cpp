@@ -267,7 +267,7 @@ TEST_F(ComputeRun, WithoutAnalysisResultsSaysToRunTheAnalysis) {
     EXPECT_THAT(status.lines, ElementsAre("ORVEK analysis results are not available.",
                                           "Please run analysis first.", "Finishes process...",
                                           "Closing error log file..."));
-    EXPECT_EQ(Warning("ORVEK results are not available."), Log());
+    EXPECT_EQ(LoggedWarning("ORVEK results are not available."), Log());
     EXPECT_FALSE(folder.Has("tower.aijR2Result.csv"));
     EXPECT_FALSE(outcome.complete);
     EXPECT_TRUE(outcome.opensLog);
@@ -340,7 +340,7 @@ TEST_F(ComputeRun, AnInputFileThatCannotBeReadFailsToInitializeAndIsNamedInTheLo
     std::filesystem::create_directory(inputPath);
     const RunOutcome outcome = Run();
     EXPECT_EQ(Lines{"Failed to initialize AijCodeRoute2..."} + kClosingLines, status.lines);
-    EXPECT_EQ(Warning("Cannot open data file " + inputPath + "."), Log());
+    EXPECT_EQ(LoggedWarning("Cannot open data file " + inputPath + "."), Log());
     EXPECT_TRUE(outcome.opensLog);
     EXPECT_FALSE(outcome.complete);
 }
@@ -349,7 +349,7 @@ TEST_F(ComputeRun, AnInputFileWithoutFinFailsToInitializeAndLeavesTheReadersWarn
     inputPath = folder.Write("endless.csv", "DeadLoadCaseNumber,1,\n");
     Run();
     EXPECT_EQ(Lines{"Failed to initialize AijCodeRoute2..."} + kClosingLines, status.lines);
-    EXPECT_EQ(Warning("Data file line number is too large."), Log());
+    EXPECT_EQ(LoggedWarning("Data file line number is too large."), Log());
     EXPECT_THAT(host.calls, ElementsAre("GetModelFilePath()", "GetBaseUnitSystem()", "IsZUp()"));
 }
 
@@ -358,8 +358,8 @@ TEST_F(ComputeRun, AResultsFileThatCannotBeOpenedIsALogWarningAndTheRunCompletes
     EXPECT_TRUE(Run().complete);
     EXPECT_EQ(kStepLines + kClosingLines, status.lines);
     EXPECT_THAT(Log(), EndsWith("\nStarts printing story info in csv style...\n" +
-                                Warning("Cannot open result file " +
-                                        folder.Path("tower.aijR2Result.csv") + ".")));
+                                LoggedWarning("Cannot open result file " +
+                                              folder.Path("tower.aijR2Result.csv") + ".")));
 }
 
 // The first call of its kind in each step that asks the host anything.
@@ -442,9 +442,11 @@ TEST_F(ComputeRun, AMemberWithAnUnknownNodeEndsTheRunInTheFloorStep) {
     EXPECT_EQ(StepLinesUpTo("Setting floor information...") + Lines{"Exception was thrown..."} +
                   kClosingLines,
               status.lines);
-    EXPECT_THAT(Log(), HasSubstr(Warning("Node number is not set correctly. Stops setting member "
-                                         "info...")));
-    EXPECT_THAT(Log(), EndsWith(Warning("Node number is not set correctly as setting floor...")));
+    EXPECT_THAT(Log(),
+                HasSubstr(LoggedWarning("Node number is not set correctly. Stops setting member "
+                                        "info...")));
+    EXPECT_THAT(Log(),
+                EndsWith(LoggedWarning("Node number is not set correctly as setting floor...")));
 }
 
 // With the floors given, the story step refuses at member 20, and every step that needs stories
@@ -460,8 +462,8 @@ TEST_F(ComputeRun, StepsWithoutStoryInfoRefuseAndTheRunGoesOn) {
          {"story allowable values", "member base vector", "relative story displacement", "Rs bar",
           "gravity center", "story member horizontal stiffness", "center of rigidity",
           "eccentricity modulus"})
-        EXPECT_THAT(Log(), HasSubstr(Warning("Story info. has not set yet. Stops setting " +
-                                             std::string(subject) + "...")));
+        EXPECT_THAT(Log(), HasSubstr(LoggedWarning("Story info. has not set yet. Stops setting " +
+                                                   std::string(subject) + "...")));
     EXPECT_THAT(Csv(), EndsWith("\n1,0.000e+00,3.500e+03,3.500e+03,0.00000e+00,0.00000e+00,"
                                 "1.50000e-01,PASS,PASS\n"));
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "host/recorded_host.h"
+#include "report/results_csv.h"
 #include "route2/aij_code_route2.h"
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/fuzz_target.h"
@@ -109,7 +110,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::string file(reinterpret_cast<const char*>(data), size);
     if (!file.ends_with('!')) file += "\nFIN\n";
     RecordedHost host(model, folder.Path("model.qhm"));
-    AijCodeRoute2 engine(&host);
+    AijCodeRoute2 engine(&host, WriteResultRows);
     engine.dataFilePath = folder.Write("input.csv", file);
     engine.logFile = std::fopen(folder.Path("log.txt").c_str(), "w");
     Check(engine.logFile != nullptr, "the log opens");

@@ -108,7 +108,7 @@ const Step kNestedSteps[] = {
 // A log as a run of that many lines of a step leaves it beside the model.
 std::string LogOfARun(const TestFolder& folder, const std::string& input, int steps) {
     OneStory host;
-    AijCodeRoute2 engine(&host);
+    AijCodeRoute2 engine(&host, WriteResultRows);
     std::string logPath, resultPath;
     engine.Initialize(folder.Path("frame.ext"), folder.Write("input.csv", input), logPath,
                       resultPath);
@@ -261,14 +261,14 @@ TEST(LogFile, StartsEmptyWhenTheInputFileIsInOrder) {
 
 TEST(CloseResultFile, SaysFalseWithoutAResultsFile) {
     FakeHost host;
-    AijCodeRoute2 engine(&host);
+    AijCodeRoute2 engine(&host, WriteResultRows);
     EXPECT_FALSE(engine.CloseResultFile());
 }
 
 TEST(CloseResultFile, ClosesTheFileAndKeepsTheField) {
     const TestFolder folder;
     FakeHost host;
-    AijCodeRoute2 engine(&host);
+    AijCodeRoute2 engine(&host, WriteResultRows);
     engine.resultFile = std::fopen(folder.Path("results.csv").c_str(), "w");
     Print(engine.resultFile, "a row\n");
     EXPECT_TRUE(engine.CloseResultFile());
@@ -279,7 +279,7 @@ TEST(CloseResultFile, ClosesTheFileAndKeepsTheField) {
 #ifdef __linux__
 TEST(CloseResultFile, SaysFalseWhenTheRowsCannotBeWritten) {
     FakeHost host;
-    AijCodeRoute2 engine(&host);
+    AijCodeRoute2 engine(&host, WriteResultRows);
     engine.resultFile = std::fopen("/dev/full", "w");
     ASSERT_NE(nullptr, engine.resultFile);
     Print(engine.resultFile, "a row\n");

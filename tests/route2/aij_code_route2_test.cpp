@@ -1,6 +1,7 @@
 // The engine before its first step: initial values, file names, the log.
 
 #include "route2/aij_code_route2.h"
+#include "report/results_csv.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ using testing::IsEmpty;
 // An engine that a test initialises on files in a folder of its own; closes the log it opened.
 struct FreshEngine {
     explicit FreshEngine(const std::string& input = "FIN\n")
-        : inputPath(folder.Write("input.csv", input)), engine(&host) {}
+        : inputPath(folder.Write("input.csv", input)), engine(&host, WriteResultRows) {}
     ~FreshEngine() { CloseLog(); }
 
     bool Initialize(const std::string& modelPath) {
@@ -55,7 +56,7 @@ private:
 bool IsInInches(std::int32_t baseUnitSystem) {
     FakeHost host;
     host.baseUnitSystem = baseUnitSystem;
-    return AijCodeRoute2(&host).inchUnits;
+    return AijCodeRoute2(&host, WriteResultRows).inchUnits;
 }
 
 }  // namespace
@@ -64,7 +65,7 @@ bool IsInInches(std::int32_t baseUnitSystem) {
 
 TEST(Engine, StartsWithTheDefaultLoadCasesAndAllowableValues) {
     FakeHost host;
-    const AijCodeRoute2 engine(&host);
+    const AijCodeRoute2 engine(&host, WriteResultRows);
     EXPECT_EQ(1, engine.deadLoadCaseNumber);
     EXPECT_THAT(engine.earthquakeLoadCaseNumber, ElementsAre(1, 1));
     EXPECT_EQ(0.005, engine.allowStoryDeformAngle);
@@ -74,7 +75,7 @@ TEST(Engine, StartsWithTheDefaultLoadCasesAndAllowableValues) {
 
 TEST(Engine, StartsEmpty) {
     FakeHost host;
-    const AijCodeRoute2 engine(&host);
+    const AijCodeRoute2 engine(&host, WriteResultRows);
     EXPECT_EQ(nullptr, engine.logFile);
     EXPECT_EQ(nullptr, engine.resultFile);
     EXPECT_EQ("", engine.modelFilePath);
@@ -94,7 +95,7 @@ TEST(Engine, StartsEmpty) {
 
 TEST(Engine, StartsWithNothingSet) {
     FakeHost host;
-    const AijCodeRoute2 engine(&host);
+    const AijCodeRoute2 engine(&host, WriteResultRows);
     EXPECT_FALSE(engine.zIsVertical);
     EXPECT_FALSE(engine.loadInfoSet);
     EXPECT_FALSE(engine.nodeInfoSet);
@@ -109,7 +110,7 @@ TEST(Engine, StartsWithNothingSet) {
 
 TEST(Engine, AsksItsHostForTheUnitsOnceAndForNothingElse) {
     FakeHost host;
-    const AijCodeRoute2 engine(&host);
+    const AijCodeRoute2 engine(&host, WriteResultRows);
     EXPECT_EQ(&host, engine.hostLink);
     EXPECT_THAT(host.calls, ElementsAre("GetBaseUnitSystem()"));
 }
@@ -123,7 +124,7 @@ TEST(Engine, CountsInInchesForUnitSystem1Only) {
 TEST(Engine, CannotBeBuiltOverAHostThatDoesNotAnswer) {
     FakeHost host;
     host.FailFromNowOn();
-    EXPECT_THROW(AijCodeRoute2 engine(&host), HostCallError);
+    EXPECT_THROW(AijCodeRoute2 engine(&host, WriteResultRows), HostCallError);
 }
 
 TEST(StoryMemberRecord, StartsWithZeros) {

@@ -16,19 +16,21 @@ namespace {
 constexpr const char* kSubject = "eccentricity modulus";
 
 std::string NoKr(const std::string& story) {
-    return Warning(
+    return LoggedWarning(
         "Totional stiffness(KR) is less than or equal to 0 as setting eccentricity modulus of " +
         story + "-th story. Eccentricity modulus is set as 0.");
 }
 
 std::string NoKx(const std::string& story) {
-    return Warning("Total stiffness(Kx) is nearly equal to 0 as setting eccentricity modulus of " +
-                   story + "-th story. Eccentricity modulus in X direc. is set as 0.");
+    return LoggedWarning(
+        "Total stiffness(Kx) is nearly equal to 0 as setting eccentricity modulus of " + story +
+        "-th story. Eccentricity modulus in X direc. is set as 0.");
 }
 
 std::string NoKz(const std::string& story) {
-    return Warning("Total stiffness(Kz) is nearly equal to 0 as setting eccentricity modulus of " +
-                   story + "-th story. Eccentricity modulus in Z direc. is set as 0.");
+    return LoggedWarning(
+        "Total stiffness(Kz) is nearly equal to 0 as setting eccentricity modulus of " + story +
+        "-th story. Eccentricity modulus in Z direc. is set as 0.");
 }
 
 // Two frames in X, 1 kN/mm each at z = 0 and z = 6000; two in Z, 2 kN/mm each at x = 0 and

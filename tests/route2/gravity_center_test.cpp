@@ -14,8 +14,8 @@ namespace {
 constexpr const char* kSubject = "gravity center";
 
 std::string NearlyWeightless(const std::string& story) {
-    return Warning("Total weight is nearly equal to 0 as setting gravity center of " + story +
-                   "-th story. Gravity center is set as (0, 0).");
+    return LoggedWarning("Total weight is nearly equal to 0 as setting gravity center of " + story +
+                         "-th story. Gravity center is set as (0, 0).");
 }
 
 StoryInfo Story(double lowerLevel, double upperLevel) {

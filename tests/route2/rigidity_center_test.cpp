@@ -15,13 +15,13 @@ namespace {
 constexpr const char* kSubject = "center of rigidity";
 
 std::string NoKz(const std::string& story) {
-    return Warning("Total stiffness(Kz) is nearly equal to 0 as setting rigidity center of " +
-                   story + "-th story. X coord. of rigidity center is set as 0.");
+    return LoggedWarning("Total stiffness(Kz) is nearly equal to 0 as setting rigidity center of " +
+                         story + "-th story. X coord. of rigidity center is set as 0.");
 }
 
 std::string NoKx(const std::string& story) {
-    return Warning("Total stiffness(Kx) is nearly equal to 0 as setting rigidity center of " +
-                   story + "-th story. Z(or Y) coord. of rigidity center is set as 0.");
+    return LoggedWarning("Total stiffness(Kx) is nearly equal to 0 as setting rigidity center of " +
+                         story + "-th story. Z(or Y) coord. of rigidity center is set as 0.");
 }
 
 }  // namespace

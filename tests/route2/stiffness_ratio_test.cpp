@@ -232,3 +232,13 @@ TEST(RsBar, RefusesToRunWithoutStoryInfo) {
     EXPECT_EQ((PerDirection{}), stories.engine().rsBarOfMaxDisp);
     EXPECT_TRUE(stories.engine().rsBarOfMaxDispByLoadCase[kX].empty());
 }
+
+TEST(StiffnessRatio, OfTheTwoDirectionsDividesInTheirOwnOrder) {
+    // 1e-200 * 1e-200 underflows to 0 in X; (1 / 1e-200) / 1e-200 overflows in Z.
+    EXPECT_EQ(0.0, StiffnessRatioX(1e-200, 1e-200));
+    EXPECT_EQ(std::numeric_limits<double>::infinity(), StiffnessRatioZ(1e-200, 1e-200));
+    EXPECT_DOUBLE_EQ(2.0, StiffnessRatioX(0.002, 250.0));
+    EXPECT_DOUBLE_EQ(2.0, StiffnessRatioZ(0.002, 250.0));
+    EXPECT_EQ(0.0, StiffnessRatioZ(0.0, 250.0));
+    EXPECT_EQ(0.0, StiffnessRatioZ(0.002, 0.0));
+}

@@ -313,3 +313,9 @@ TEST(StoryDrift, RecordsOfTwoMembersKeepTheirOwnDisplacements) {
     EXPECT_EQ(8.0, story.members.at(1).relativeDisp[kX]);
     EXPECT_EQ(6.0, story.meanRelativeDisp[kX]);
 }
+
+TEST(DeformAngle, IsZeroForAStoryThatHasNoPositiveHeight) {
+    EXPECT_EQ(0.002, DeformAngle(7.0, 3500.0));
+    EXPECT_EQ(0.0, DeformAngle(7.0, 0.0));
+    EXPECT_EQ(0.0, DeformAngle(7.0, -3500.0));
+}

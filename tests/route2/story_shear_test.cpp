@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 
+#include "route2/end_forces.h"
 #include "tests/support/engine_bench.h"
 #include "tests/support/run_log.h"
 
@@ -193,12 +194,9 @@ TEST(StoryShear, TurnsAllThreeEndForcesIntoGlobalAxes) {
 
 // Force along global axes: x 1 * 2 + 2 * 3 + 3 * 5 = 23, y 1 * 7 + 2 * 11 + 3 * 13 = 68,
 // z 1 * 17 + 2 * 19 + 3 * 23 = 124. Moments do not count.
-TEST(GlobalForce, SumsTheThreeForcesAlongTheRecordsAxes) {
-    StoryMember record;
-    record.axisX = {2, 7, 17};
-    record.axisY = {3, 11, 19};
-    record.axisZ = {5, 13, 23};
-    ExpectVector({23, 68, 124}, GlobalForce({1, 2, 3, 100, 100, 100}, record));
+TEST(GlobalForce, SumsTheThreeForcesAlongTheMembersAxes) {
+    const MemberAxes axes{{2, 7, 17}, {3, 11, 19}, {5, 13, 23}};
+    ExpectVector({23, 68, 124}, GlobalForce({1, 2, 3, 100, 100, 100}, axes));
 }
 
 // With Z vertical the column's axes are x (0, 0, 1), y (0, 1, 0), z (-1, 0, 0): global x is -F2,

@@ -7,6 +7,8 @@
 #include "host/recorded_host.h"
 #include "report/results_csv.h"
 #include "route2/aij_code_route2.h"
+#include "route2/stiffness_ratio.h"
+#include "route2/story_drift.h"
 #include "tests/support/random_building.h"
 #include "tests/support/test_folder.h"
 
@@ -15,7 +17,9 @@ class CheckedBuilding {
 public:
     /// The log and the input file go to `folder`.
     CheckedBuilding(const Building& building, const TestFolder& folder)
-        : model_(AsHostModel(building)), host_(model_, folder.Path("model.qhm")), engine(&host_) {
+        : model_(AsHostModel(building)),
+          host_(model_, folder.Path("model.qhm")),
+          engine(&host_, WriteResultRows) {
         // New files are quicker than old ones that are cut to nothing: some file systems wait for
         // the disk there.
         std::filesystem::remove(folder.Path("input.csv"));

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <string>
 
+#include "report/results_csv.h"
 #include "route2/aij_code_route2.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/test_folder.h"
@@ -12,7 +13,8 @@
 class EngineBench {
 public:
     /// `input` is the text of the Route 2 Input file.
-    explicit EngineBench(FakeHost& host, const std::string& input = "FIN\n") : engine(&host) {
+    explicit EngineBench(FakeHost& host, const std::string& input = "FIN\n")
+        : engine(&host, WriteResultRows) {
         engine.dataFilePath = folder.Write("input.csv", input);
         engine.resultFilePath = folder.Path("model.aijR2Result.csv");
         engine.logFilePath = folder.Path("log.txt");

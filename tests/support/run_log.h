@@ -3,7 +3,7 @@
 #include <string>
 
 /// A warning as it stands in the log.
-inline std::string Warning(const std::string& text) {
+inline std::string LoggedWarning(const std::string& text) {
     return "\n*** WARNING *** : " + text + "\n";
 }
 
@@ -14,5 +14,5 @@ inline std::string StepLog(const std::string& subject, const std::string& betwee
 
 /// The log of a step that starts, warns and is refused.
 inline std::string RefusedStepLog(const std::string& subject, const std::string& warning) {
-    return "\nStarts setting " + subject + "...\n" + Warning(warning);
+    return "\nStarts setting " + subject + "...\n" + LoggedWarning(warning);
 }

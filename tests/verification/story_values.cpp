@@ -10,6 +10,7 @@
 
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
+#include "report/results_csv.h"
 #include "route2/aij_code_route2.h"
 #include "route2/eccentricity_modulus.h"
 #include "route2/rigidity_center.h"
@@ -82,7 +83,7 @@ void RunSteps(AijCodeRoute2& engine) {
 int PrintValues(const std::string& modelPath, const std::string& inputPath) {
     const RecordedModel model = ReadQhmFile(modelPath);
     RecordedHost host(model, modelPath);
-    AijCodeRoute2 engine(&host);
+    AijCodeRoute2 engine(&host, WriteResultRows);
     std::string log, results;
     if (!engine.Initialize(modelPath, inputPath, log, results)) {
         std::fprintf(stderr, "story-values: %s cannot be read up to FIN\n", inputPath.c_str());
