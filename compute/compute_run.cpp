@@ -6,6 +6,7 @@
 #include "platform/file_lookup.h"
 #include "report/results_csv.h"
 #include "route2/aij_code_route2.h"
+#include "route2/form_findings.h"
 #include "route2/report_paths.h"
 
 namespace {
@@ -118,10 +119,19 @@ void CloseLog(const AijCodeRoute2& engine, RunOutcome& outcome) {
         outcome.incompleteReports.push_back(engine.logFilePath);
 }
 
+RunEnd EndOf(const RunOutcome& outcome) {
+    RunEnd end;
+    end.complete = outcome.complete;
+    end.failure = outcome.failure;
+    end.resultsWritten = outcome.resultsWritten;
+    end.incompleteReports = outcome.incompleteReports;
+    return end;
+}
+
 }  // namespace
 
 RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
-                      StatusList& status, ReportPaths& reports) {
+                      StatusList& status, ReportPaths& reports, WantsFindings wantsFindings) {
     RunOutcome outcome;
     status.Clear();
     if (inputFilePath.empty()) {
@@ -150,5 +160,7 @@ RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& con
     status.Append(StatusText::kFinishes);
     CloseLog(engine, outcome);
     status.Append(StatusText::kClosingLog);
+    if (wantsFindings == WantsFindings::kYes)
+        outcome.findings = FormFindings(engine, EndOf(outcome));
     return outcome;
 }

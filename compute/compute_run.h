@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "compute/status_texts.h"
 #include "host/host_queries.h"
+#include "route2/findings.h"
 
 /// Where a run shows its progress, one line per entry: the dialog's status list, a terminal.
 class StatusList {
@@ -37,7 +39,13 @@ struct RunOutcome {
     /// Paths of reports that were opened and could not be written to their end: the disk is full,
     /// or the connection to it broke. Neither the status list nor the log tells.
     std::vector<std::string> incompleteReports;
+
+    /// What the run has found, when it was asked for and there was an engine.
+    std::optional<Findings> findings;
 };
+
+/// Whether a run forms its findings. They cost further questions to the host, after the results.
+enum class WantsFindings { kNo, kYes };
 
 /// Gives the connected host, or null when it cannot be reached. The host stays with the giver
 /// and must live until the run has returned.
@@ -50,4 +58,5 @@ using HostConnector = std::function<HostQueries*()>;
 /// connector, GetModelFilePath or GetBaseUnitSystem throw leaves this function: no log is open by
 /// then, and no closing lines are shown.
 RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
-                      StatusList& status, ReportPaths& reports);
+                      StatusList& status, ReportPaths& reports,
+                      WantsFindings wantsFindings = WantsFindings::kNo);

@@ -26,6 +26,11 @@ bool IsCut(double lowerHeight, double upperHeight, double cuttingLevel) {
     return lowerHeight < cuttingLevel && upperHeight >= cuttingLevel;
 }
 
+double WeightOf(const SixDoubles& force, const MemberAxes& axes, bool zIsVertical, bool inchUnits) {
+    const double weight = Vertical(GlobalForce(force, axes), zIsVertical);
+    return inchUnits ? weight * kKnPerKip : weight;
+}
+
 void AddWeight(WeightSums& sums, double weight, const Vec3& lowerPoint, bool zIsVertical) {
     sums.weight += weight;
     sums.weightTimesX += weight * lowerPoint.x;
@@ -46,8 +51,7 @@ double AijCodeRoute2::WeightAtLowerEnd(std::size_t memberPosition, std::int32_t 
     hostLink->GetMemberEndForces(memberNumbers[memberPosition], end, deadLoadCaseNumber, force);
     const MemberAxes axes{At(memberAxisX, memberPosition), At(memberAxisY, memberPosition),
                           At(memberAxisZ, memberPosition)};
-    const double weight = Vertical(GlobalForce(force, axes), zIsVertical);
-    return inchUnits ? weight * kKnPerKip : weight;
+    return WeightOf(force, axes, zIsVertical, inchUnits);
 }
 
 bool AijCodeRoute2::SumWeights(const StoryInfo& story, WeightSums& sums) {

@@ -12,6 +12,10 @@ double CuttingLevel(const StoryInfo& story);
 /// above it.
 bool IsCut(double lowerHeight, double upperHeight, double cuttingLevel);
 
+/// The vertical force (kN) that a member is weighed with, from its end force at the lower end (base
+/// force unit). The sign is the host's.
+double WeightOf(const SixDoubles& force, const MemberAxes& axes, bool zIsVertical, bool inchUnits);
+
 /// Vertical forces of the members that a story's cutting plane meets, kN and kN mm. The sign is
 /// the host's.
 struct WeightSums {

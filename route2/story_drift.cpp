@@ -17,14 +17,6 @@ constexpr double kSmallestDisp = 0.01;  // mm
 // Stands for minus infinity, and is reported as it is for a load case without a record.
 constexpr double kNoDisplacement = -100000.0;  // mm
 
-PerDirection RelativeDisp(const SixDoubles& lower, const SixDoubles& upper, double ratio,
-                          double millimetres, bool zIsVertical) {
-    const std::size_t second = zIsVertical ? 1 : 2;
-    const double dx = (upper[0] - lower[0]) * ratio;
-    const double dz = (upper[second] - lower[second]) * ratio;
-    return {WithoutNumericalNoise(millimetres * dx), WithoutNumericalNoise(millimetres * dz)};
-}
-
 }  // namespace
 
 double HeightRatio(double memberHeight, double storyHeight) {
@@ -34,6 +26,15 @@ double HeightRatio(double memberHeight, double storyHeight) {
 
 double WithoutNumericalNoise(double relativeDisp) {
     return std::abs(relativeDisp) < kSmallestDisp ? 0.0 : relativeDisp;
+}
+
+PerDirection RelativeDisp(const SixDoubles& lower, const SixDoubles& upper, double heightRatio,
+                          double millimetresPerHostLength, bool zIsVertical) {
+    const std::size_t second = zIsVertical ? 1 : 2;
+    const double dx = (upper[0] - lower[0]) * heightRatio;
+    const double dz = (upper[second] - lower[second]) * heightRatio;
+    return {WithoutNumericalNoise(millimetresPerHostLength * dx),
+            WithoutNumericalNoise(millimetresPerHostLength * dz)};
 }
 
 double DeformAngle(double relativeDisp, double storyHeight) {

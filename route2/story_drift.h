@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "host/host_queries.h"
 #include "route2/number_index.h"
 #include "route2/records.h"
 #include "route2/tool_verdict.h"
@@ -15,6 +16,11 @@ double HeightRatio(double memberHeight, double storyHeight);
 /// A relative displacement in mm as it is kept: exactly 0 below 0.01 mm, the sign otherwise
 /// untouched.
 double WithoutNumericalNoise(double relativeDisp);
+
+/// A member's relative story displacement in both plan directions, mm, signed: upper node minus
+/// lower node (base length unit), times `heightRatio`, in mm, without numerical noise.
+PerDirection RelativeDisp(const SixDoubles& lower, const SixDoubles& upper, double heightRatio,
+                          double millimetresPerHostLength, bool zIsVertical);
 
 /// Story deformation angle of a displacement and a story height, both mm; 0 for a story height
 /// that is not positive.

@@ -1,0 +1,83 @@
+// Story deformation angles: the mean and the largest drift as the results have them, and the
+// upright member that moves most, which the code's verdict rests on.
+
+#include <cmath>
+#include <limits>
+
+#include "route2/direction_findings.h"
+#include "route2/member_findings.h"
+#include "route2/story_drift.h"
+
+namespace {
+
+bool HasUprightMember(const StoryFindings& found) {
+    for (const MemberFindings& member : found.members)
+        if (member.upright) return true;
+    return false;
+}
+
+// A drift that is no number counts as the largest: nothing may pass in its shadow.
+double Amount(const Figure& drift) {
+    return drift ? std::abs(*drift) : std::numeric_limits<double>::infinity();
+}
+
+const MemberFindings* FindWorst(const StoryFindings& found, std::size_t axis) {
+    const bool uprightOnly = HasUprightMember(found);
+    const MemberFindings* worst = nullptr;
+    for (const MemberFindings& member : found.members) {
+        if (uprightOnly && !member.upright) continue;
+        if (worst == nullptr || Amount(member.drift[axis]) > Amount(worst->drift[axis]))
+            worst = &member;
+    }
+    return worst;
+}
+
+void FormWorstUpright(const StoryFindings& found, std::size_t axis, WorstUprightMember& worst) {
+    const MemberFindings* const member = FindWorst(found, axis);
+    if (member == nullptr) return;
+    worst.member = member->number;
+    worst.drift = member->drift[axis];
+    if (worst.drift && found.height > 0.0)
+        worst.angle = Finite(std::abs(DeformAngle(*worst.drift, found.height)));
+    if (std::isfinite(found.height)) worst.code = JudgeAngleByCode(worst.angle, worst.allowable);
+}
+
+void FormToolMax(const StoryUnderFindings& under, std::size_t axis, StoryFindings& found) {
+    const double largest = under.story.maxRelativeDispByLoadCase[axis][*under.casePosition[axis]];
+    ToolMax& max = found.directions[axis].toolMax;
+    max.drift = Finite(largest);
+    for (const MemberFindings& member : found.members) {
+        if (member.drift[axis] != largest) continue;
+        max.member = member.number;
+        max.leaning = !member.upright;
+        break;
+    }
+    if (under.rowsStand && axis != kX)
+        max.verdict = JudgeDeformAngle(DeformAngle(largest, StoryHeight(under.story)),
+                                       under.story.allowDeformAngle);
+}
+
+void FormMean(const StoryUnderFindings& under, std::size_t axis, DirectionFindings& direction) {
+    const double mean = under.story.meanRelativeDispByLoadCase[axis][*under.casePosition[axis]];
+    const double height = StoryHeight(under.story);
+    direction.meanDrift = Finite(mean);
+    if (height > 0.0) direction.meanAngle = Finite(DeformAngle(mean, height));
+    if (under.rowsStand)
+        direction.toolMeanVerdict =
+            JudgeDeformAngle(DeformAngle(mean, height), under.story.allowDeformAngle);
+}
+
+}  // namespace
+
+void FormDrifts(const StoryUnderFindings& under, StoryFindings& found) {
+    for (const std::size_t axis : {kX, kZ}) {
+        DirectionFindings& direction = found.directions[axis];
+        direction.worstUpright.allowable = CodeAllowableAngle(under.story.allowDeformAngle);
+        const bool isFormed =
+            under.engine.relativeDispSet && under.casePosition[axis] && !found.members.empty();
+        if (!isFormed) continue;
+        FormMean(under, axis, direction);
+        FormWorstUpright(found, axis, direction.worstUpright);
+        FormToolMax(under, axis, found);
+    }
+}

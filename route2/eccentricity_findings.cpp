@@ -1,0 +1,76 @@
+// Centres, torsional stiffness and eccentricity moduli of a story. A figure that rests on a
+// fallback of the results is not formed, and then there is no verdict.
+
+#include <cmath>
+
+#include "route2/direction_findings.h"
+#include "route2/eccentricity_modulus.h"
+#include "route2/gravity_center.h"
+#include "route2/rigidity_center.h"
+#include "route2/tolerances.h"
+
+namespace {
+
+void FormCenters(const StoryUnderFindings& under, const StiffnessSums& sums, StoryFindings& found) {
+    const StoryInfo& story = under.story;
+    if (story.weightAbove) found.weightAbove = Finite(*story.weightAbove);
+    const bool hasWeight = story.weightAbove && HasWeight({.weight = *story.weightAbove});
+    if (hasWeight)
+        found.gravityCenter = {Finite(story.gravityCenter[kX]), Finite(story.gravityCenter[kZ])};
+    if (!under.engine.rigidityCenterSet) return;
+    // Each coordinate rests on the stiffness across it.
+    if (HasStiffness(sums.kz)) found.rigidityCenter[kX] = Finite(story.rigidityCenter[kX]);
+    if (HasStiffness(sums.kx)) found.rigidityCenter[kZ] = Finite(story.rigidityCenter[kZ]);
+}
+
+Figure Eccentricity(const StoryFindings& found, const StoryInfo& story, std::size_t axis) {
+    const std::size_t across = axis == kX ? kZ : kX;
+    if (!found.gravityCenter[across] || !found.rigidityCenter[across]) return std::nullopt;
+    return Finite(std::abs(EccentricityAcross(story)[axis]));
+}
+
+Figure Radius(const StoryFindings& found, std::size_t axis) {
+    const Figure& stiffness = found.directions[axis].stiffness;
+    if (!found.torsionalStiffness || !stiffness || !HasStiffness(*stiffness)) return std::nullopt;
+    return Finite(ElasticRadius(*found.torsionalStiffness, *stiffness));
+}
+
+// Whether the story has what a modulus rests on, in both directions.
+bool HasModulus(const StoryUnderFindings& under, const StoryFindings& found) {
+    return under.engine.eccentricityModulusSet && under.BothCasesExist() &&
+           !under.CasesAreEqual() && !found.members.empty() && found.torsionalStiffness &&
+           *found.torsionalStiffness > kNearlyZero;
+}
+
+void FormModulus(const StoryUnderFindings& under, std::size_t axis, StoryFindings& found) {
+    DirectionFindings& direction = found.directions[axis];
+    const double modulus = under.story.eccentricityModulus[axis];
+    if (under.rowsStand)
+        direction.eccentricityTool =
+            JudgeEccentricityModulus(modulus, under.story.allowEccentricityModulus);
+    direction.eccentricity = Eccentricity(found, under.story, axis);
+    direction.elasticRadius = Radius(found, axis);
+    if (!direction.eccentricity || !direction.elasticRadius ||
+        !HasTorsionalStiffness(*found.torsionalStiffness))
+        return;
+    direction.eccentricityModulus = Finite(modulus);
+    if (HasModulus(under, found))
+        direction.eccentricityCode = JudgeModulusByCode(direction.eccentricityModulus);
+}
+
+}  // namespace
+
+void FormEccentricity(const StoryUnderFindings& under, StoryFindings& found) {
+    const EarthquakeCases& cases = under.engine.earthquakeLoadCaseNumber;
+    const StiffnessSums sums = SumStiffness(under.story.members, cases);
+    const double totals[] = {sums.kx, sums.kz};
+    for (const std::size_t axis : {kX, kZ})
+        if (under.engine.stiffnessSet && under.casePosition[axis] &&
+            !(axis == kZ && under.CasesAreEqual()))
+            found.directions[axis].stiffness = Finite(totals[axis]);
+    FormCenters(under, sums, found);
+    if (found.rigidityCenter[kX] && found.rigidityCenter[kZ])
+        found.torsionalStiffness = Finite(SumTorsionalStiffness(under.story, cases).kr);
+    for (const std::size_t axis : {kX, kZ})
+        FormModulus(under, axis, found);
+}
