@@ -20,3 +20,9 @@ void FormEccentricity(const StoryUnderFindings& under, StoryFindings& found);
 /// The two reference ratios, which need the other stories: call when all stories have their shears,
 /// drifts and stiffness.
 void FormReferenceRatios(std::vector<StoryFindings>& stories);
+
+/// What keeps a story without drifts in a direction; nothing where it has them. `isFormed`: the
+/// step that forms the value came to its end.
+std::optional<WhyUndetermined> WhyNoDrift(const StoryUnderFindings& under,
+                                          const StoryFindings& found, std::size_t axis,
+                                          bool isFormed);

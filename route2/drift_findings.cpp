@@ -34,12 +34,12 @@ const MemberFindings* FindWorst(const StoryFindings& found, std::size_t axis) {
 
 void FormWorstUpright(const StoryFindings& found, std::size_t axis, WorstUprightMember& worst) {
     const MemberFindings* const member = FindWorst(found, axis);
-    if (member == nullptr) return;
     worst.member = member->number;
     worst.drift = member->drift[axis];
-    if (worst.drift && found.height > 0.0)
+    if (worst.drift && found.height > 0.0 && std::isfinite(found.height))
         worst.angle = Finite(std::abs(DeformAngle(*worst.drift, found.height)));
-    if (std::isfinite(found.height)) worst.code = JudgeAngleByCode(worst.angle, worst.allowable);
+    worst.code = JudgeAngleByCode(worst.angle, worst.allowable);
+    if (worst.code == CodeVerdict::kUndetermined) worst.why = WhyUndetermined::kNotFinite;
 }
 
 void FormToolMax(const StoryUnderFindings& under, std::size_t axis, StoryFindings& found) {
@@ -68,6 +68,15 @@ void FormMean(const StoryUnderFindings& under, std::size_t axis, DirectionFindin
 }
 
 }  // namespace
+
+std::optional<WhyUndetermined> WhyNoDrift(const StoryUnderFindings& under,
+                                          const StoryFindings& found, std::size_t axis,
+                                          bool isFormed) {
+    if (!isFormed) return WhyUndetermined::kRunEndedEarly;
+    if (!under.casePosition[axis]) return WhyUndetermined::kCaseNotInModel;
+    if (found.members.empty()) return WhyUndetermined::kNoStoryMembers;
+    return std::nullopt;
+}
 
 void FormDrifts(const StoryUnderFindings& under, StoryFindings& found) {
     for (const std::size_t axis : {kX, kZ}) {

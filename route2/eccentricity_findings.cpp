@@ -35,11 +35,20 @@ Figure Radius(const StoryFindings& found, std::size_t axis) {
     return Finite(ElasticRadius(*found.torsionalStiffness, *stiffness));
 }
 
-// Whether the story has what a modulus rests on, in both directions.
-bool HasModulus(const StoryUnderFindings& under, const StoryFindings& found) {
-    return under.engine.eccentricityModulusSet && under.BothCasesExist() &&
-           !under.CasesAreEqual() && !found.members.empty() && found.torsionalStiffness &&
-           *found.torsionalStiffness > kNearlyZero;
+// What keeps a story without a modulus, in both directions.
+std::optional<WhyUndetermined> WhyNoModulus(const StoryUnderFindings& under,
+                                            const StoryFindings& found, const StiffnessSums& sums) {
+    if (!under.engine.eccentricityModulusSet) return WhyUndetermined::kRunEndedEarly;
+    if (!under.BothCasesExist()) return WhyUndetermined::kCaseNotInModel;
+    if (under.CasesAreEqual()) return WhyUndetermined::kEqualCases;
+    if (found.members.empty()) return WhyUndetermined::kNoStoryMembers;
+    if (!under.story.weightAbove || std::abs(*under.story.weightAbove) < kNearlyZero)
+        return WhyUndetermined::kNoWeight;
+    if (std::abs(sums.kx) < kNearlyZero || std::abs(sums.kz) < kNearlyZero)
+        return WhyUndetermined::kNoStiffness;
+    if (!found.torsionalStiffness) return WhyUndetermined::kNotFinite;
+    if (!(*found.torsionalStiffness > kNearlyZero)) return WhyUndetermined::kNoTorsionalStiffness;
+    return std::nullopt;
 }
 
 void FormModulus(const StoryUnderFindings& under, std::size_t axis, StoryFindings& found) {
@@ -50,12 +59,17 @@ void FormModulus(const StoryUnderFindings& under, std::size_t axis, StoryFinding
             JudgeEccentricityModulus(modulus, under.story.allowEccentricityModulus);
     direction.eccentricity = Eccentricity(found, under.story, axis);
     direction.elasticRadius = Radius(found, axis);
-    if (!direction.eccentricity || !direction.elasticRadius ||
-        !HasTorsionalStiffness(*found.torsionalStiffness))
-        return;
-    direction.eccentricityModulus = Finite(modulus);
-    if (HasModulus(under, found))
-        direction.eccentricityCode = JudgeModulusByCode(direction.eccentricityModulus);
+    if (direction.eccentricity && direction.elasticRadius &&
+        HasTorsionalStiffness(*found.torsionalStiffness))
+        direction.eccentricityModulus = Finite(modulus);
+}
+
+void JudgeModulus(const std::optional<WhyUndetermined>& why, DirectionFindings& direction) {
+    direction.eccentricityWhy = why;
+    if (why) return;
+    direction.eccentricityCode = JudgeModulusByCode(direction.eccentricityModulus);
+    if (direction.eccentricityCode == CodeVerdict::kUndetermined)
+        direction.eccentricityWhy = WhyUndetermined::kNotFinite;
 }
 
 }  // namespace
@@ -73,4 +87,7 @@ void FormEccentricity(const StoryUnderFindings& under, StoryFindings& found) {
         found.torsionalStiffness = Finite(SumTorsionalStiffness(under.story, cases).kr);
     for (const std::size_t axis : {kX, kZ})
         FormModulus(under, axis, found);
+    const auto why = WhyNoModulus(under, found, sums);
+    for (DirectionFindings& direction : found.directions)
+        JudgeModulus(why, direction);
 }

@@ -12,6 +12,7 @@
 #include "route2/records.h"
 #include "route2/remark.h"
 #include "route2/tool_verdict.h"
+#include "route2/why_undetermined.h"
 
 // What a run has found, as one plain value: no file, no text, no host. Terminal, calculation sheet,
 // JSON, tables and comparisons read it; none of them forms a figure of its own.
@@ -31,6 +32,7 @@ struct WorstUprightMember {
     Figure angle;            ///< amount of the drift over the story height
     double allowable = 0.0;  ///< the code's limit, relief of the input included
     CodeVerdict code = CodeVerdict::kUndetermined;
+    std::optional<WhyUndetermined> why;
 };
 
 /// The largest signed drift, as the rows "Max" of the results have it.
@@ -63,6 +65,7 @@ struct DirectionFindings {
     Figure stiffnessRatioUpright;        ///< the same from the mean drift of the upright members
     Figure stiffnessRatioTranslational;  ///< the same from shear over stiffness of the members
     CodeVerdict stiffnessRatioCode = CodeVerdict::kUndetermined;
+    std::optional<WhyUndetermined> stiffnessRatioWhy;
     std::optional<ToolVerdict> stiffnessRatioTool;
 
     Figure stiffness;      ///< kN/mm
@@ -70,6 +73,7 @@ struct DirectionFindings {
     Figure elasticRadius;  ///< mm
     Figure eccentricityModulus;
     CodeVerdict eccentricityCode = CodeVerdict::kUndetermined;
+    std::optional<WhyUndetermined> eccentricityWhy;
     std::optional<ToolVerdict> eccentricityTool;
 };
 
@@ -162,6 +166,8 @@ struct Findings {
     std::vector<Remark> remarks;         ///< errors first, then warnings, then notes
     RunEnd end;
     OverallVerdict verdict;
+
+    std::optional<double> groundLevel;  ///< of the input file's sheet lines, mm
 
     /// Name of the second plan direction: the global axis that is neither X nor vertical.
     char SecondDirection() const { return zIsVertical ? 'Y' : 'Z'; }

@@ -18,11 +18,15 @@ void FormRatio(const StoryUnderFindings& under, std::size_t axis, DirectionFindi
     const double ratio = StiffnessRatio(axis, DeformAngle(drift, height), rsMean);
     if (under.rowsStand)
         direction.stiffnessRatioTool = JudgeStiffnessRatio(ratio, under.story.allowStiffRatio);
+    direction.stiffnessRatioWhy = WhyUndetermined::kNotFinite;
+    if (drift == 0.0) direction.stiffnessRatioWhy = WhyUndetermined::kNoDrift;
     // Without a drift, a height or a mean the 0 of the results is a fallback.
     if (drift == 0.0 || !(height > 0.0)) return;
     direction.rs = Finite(StiffnessIndex(drift, height));
-    if (rsMean != 0.0) direction.stiffnessRatio = Finite(ratio);
+    if (rsMean != 0.0 && std::isfinite(height)) direction.stiffnessRatio = Finite(ratio);
     direction.stiffnessRatioCode = JudgeRatioByCode(direction.stiffnessRatio);
+    if (direction.stiffnessRatioCode != CodeVerdict::kUndetermined)
+        direction.stiffnessRatioWhy.reset();
 }
 
 // Mean drift of the upright members, of all members where none is upright, mm.
@@ -72,11 +76,12 @@ void FormReference(std::vector<StoryFindings>& stories, std::size_t axis,
 void FormStiffnessRatios(const StoryUnderFindings& under, StoryFindings& found) {
     const bool isFormed = under.engine.relativeDispSet && under.engine.rsBarSet;
     for (const std::size_t axis : {kX, kZ}) {
-        if (!isFormed || !under.casePosition[axis]) continue;
         DirectionFindings& direction = found.directions[axis];
+        direction.stiffnessRatioWhy = WhyNoDrift(under, found, axis, isFormed);
+        if (!isFormed || !under.casePosition[axis]) continue;
         direction.rsMean =
             Finite(under.engine.rsBarOfMeanDispByLoadCase[axis][*under.casePosition[axis]]);
-        if (!found.members.empty()) FormRatio(under, axis, direction);
+        if (!direction.stiffnessRatioWhy) FormRatio(under, axis, direction);
     }
 }
 

@@ -1,0 +1,144 @@
+// Remarks on the checks' results: what was not calculated, centres outside the plan, floors that
+// are not rigid, ratios that hang on a definition.
+
+#include <cmath>
+
+#include "route2/floor_shape.h"
+#include "route2/remark_cause.h"
+#include "route2/remark_rules.h"
+
+namespace {
+
+constexpr double kBesidePlan = 1.0;        // mm
+constexpr double kRigidFloorShare = 0.05;  // of the mean drift
+constexpr double kNoMotion = 0.01;         // mm
+
+BothLanguages ReasonFor(WhyUndetermined why) {
+    switch (why) {
+        case WhyUndetermined::kRunEndedEarly:
+            return {"the run ended before", "計算が途中で終わった"};
+        case WhyUndetermined::kNoStoryMembers:
+            return {"no story members", "対象部材がない"};
+        case WhyUndetermined::kCaseNotInModel:
+            return {"the load case is not in the model", "荷重ケースがモデルにない"};
+        case WhyUndetermined::kEqualCases:
+            return {"both directions have the same case", "両方向が同じ荷重ケース"};
+        case WhyUndetermined::kNoDrift:
+            return {"the mean drift is 0", "平均変位が 0"};
+        case WhyUndetermined::kNoWeight:
+            return {"no weight", "重量がない"};
+        case WhyUndetermined::kNoStiffness:
+            return {"no stiffness in one direction", "一方向の水平剛性がない"};
+        case WhyUndetermined::kNoTorsionalStiffness:
+            return {"no torsional stiffness", "ねじり剛性が 0 以下"};
+        case WhyUndetermined::kNotFinite:
+            return {"not a number", "数値にならない"};
+    }
+    return {};
+}
+
+// One check that has no verdict in a story and direction.
+struct Undetermined {
+    BothLanguages check;
+    std::optional<WhyUndetermined> why;
+};
+
+void OnUndetermined(const Findings& findings, std::vector<Remark>& remarks) {
+    RemarkCause cause("R19", RemarkKind::kError);
+    for (const StoryFindings& story : findings.stories)
+        for (const std::size_t axis : {kX, kZ}) {
+            const DirectionFindings& direction = story.directions[axis];
+            const Undetermined checks[] = {
+                {{"deformation angle", "層間変形角"}, direction.worstUpright.why},
+                {{"stiffness ratio", "剛性率"}, direction.stiffnessRatioWhy},
+                {{"eccentricity modulus", "偏心率"}, direction.eccentricityWhy}};
+            for (const auto& [check, why] : checks) {
+                if (!why) continue;
+                cause.Add(story.number, DirectionName(findings, story.number, axis) +
+                                            BothLanguages{" ", " "} + check +
+                                            BothLanguages{" (", "("} + ReasonFor(*why) + ")");
+            }
+        }
+    cause.AppendTo(remarks);
+}
+
+void OnCentersOutside(const Findings& findings, std::vector<Remark>& remarks) {
+    RemarkCause cause("R18", RemarkKind::kWarning);
+    for (const StoryFindings& story : findings.stories) {
+        const PlanRectangle plan = PlanOf(story.members);
+        if (plan.isEmpty) continue;
+        const struct {
+            const std::array<Figure, 2>& center;
+            BothLanguages name;
+        } centers[] = {{story.gravityCenter, {"G", "重心"}}, {story.rigidityCenter, {"R", "剛心"}}};
+        for (const auto& [center, name] : centers) {
+            const double x = center[kX].value_or(plan.lowX);
+            const double v = center[kZ].value_or(plan.lowV);
+            if (plan.Holds(x, v, kBesidePlan)) continue;
+            cause.Add(story.number, StoryName(story.number) + BothLanguages{" ", " "} + name +
+                                        (" (" + Fixed(x, 0) + ", " + Fixed(v, 0) + ")"));
+        }
+    }
+    cause.AppendTo(remarks);
+}
+
+void OnFloorsThatAreNotRigid(const Findings& findings, std::vector<Remark>& remarks) {
+    RemarkCause cause("R20", RemarkKind::kWarning);
+    for (const StoryFindings& story : findings.stories)
+        for (const std::size_t axis : {kX, kZ}) {
+            const double residual = story.directions[axis].floorResidual.value_or(0.0);
+            const double mean = std::abs(story.directions[axis].meanDrift.value_or(0.0));
+            if (mean == 0.0 || residual <= kNoMotion || residual <= kRigidFloorShare * mean)
+                continue;
+            const std::string share = Fixed(100.0 * residual / mean, 1) + "%";
+            cause.Add(story.number, BothLanguages{"floor above ", ""} +
+                                        DirectionName(findings, story.number, axis) +
+                                        BothLanguages{" (residual ", "の上床(残差 "} + share + ")");
+        }
+    cause.AppendTo(remarks);
+}
+
+void OnStoriesThatDoNotMove(const Findings& findings, std::vector<Remark>& remarks) {
+    RemarkCause cause("R29", RemarkKind::kWarning);
+    for (const StoryFindings& story : findings.stories)
+        for (const std::size_t axis : {kX, kZ})
+            if (story.directions[axis].meanDrift == 0.0)
+                cause.Add(story.number, DirectionName(findings, story.number, axis));
+    cause.AppendTo(remarks);
+}
+
+bool CrossesTheLimit(const DirectionFindings& direction) {
+    const CodeVerdict verdict = JudgeRatioByCode(direction.stiffnessRatio);
+    if (verdict == CodeVerdict::kUndetermined) return false;
+    for (const Figure& reference :
+         {direction.stiffnessRatioUpright, direction.stiffnessRatioTranslational})
+        if (reference && JudgeRatioByCode(reference) != verdict) return true;
+    return false;
+}
+
+void OnRatiosByDefinition(const Findings& findings, std::vector<Remark>& remarks) {
+    RemarkCause cause("R30", RemarkKind::kWarning);
+    for (const StoryFindings& story : findings.stories)
+        for (const std::size_t axis : {kX, kZ}) {
+            const DirectionFindings& direction = story.directions[axis];
+            if (!CrossesTheLimit(direction)) continue;
+            const auto text = [](const Figure& ratio) {
+                return ratio ? Fixed(*ratio, 3) : std::string("—");
+            };
+            cause.Add(story.number, DirectionName(findings, story.number, axis) +
+                                        (" (" + text(direction.stiffnessRatio) + ", " +
+                                         text(direction.stiffnessRatioUpright) + ", " +
+                                         text(direction.stiffnessRatioTranslational) + ")"));
+        }
+    cause.AppendTo(remarks);
+}
+
+}  // namespace
+
+void RemarkOnResults(const Findings& findings, std::vector<Remark>& remarks) {
+    OnUndetermined(findings, remarks);
+    OnCentersOutside(findings, remarks);
+    OnFloorsThatAreNotRigid(findings, remarks);
+    OnStoriesThatDoNotMove(findings, remarks);
+    OnRatiosByDefinition(findings, remarks);
+}

@@ -1,0 +1,387 @@
+// What a run remarks on, rule by rule: a building that shows it, and the same building just not.
+//
+// The small building (tests/support/small_building.h): four columns at (0, 0), (6, 0), (0, 4), (6,
+// 4) m, 3.5 m high, 100 kN each under the dead load; every column moves 7 mm in X with 14 kN,
+// and 3.5 mm in Z with 14 kN.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "route2/remark_texts.h"
+#include "route2/remarks.h"
+#include "tests/support/run_findings.h"
+#include "tests/support/small_building.h"
+#include "tests/support/two_story_building.h"
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+namespace {
+
+const std::string kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
+const std::string kFloors = "FloorLevel,0,3500,\n";
+
+std::vector<std::string> Ids(const Findings& findings) {
+    std::vector<std::string> ids;
+    for (const Remark& remark : findings.remarks)
+        ids.push_back(remark.id);
+    return ids;
+}
+
+const Remark& Find(const Findings& findings, const std::string& id) {
+    const auto found = std::ranges::find(findings.remarks, id, &Remark::id);
+    if (found == findings.remarks.end()) throw std::runtime_error("no remark " + id);
+    return *found;
+}
+
+class Remarks : public testing::Test {
+protected:
+    Remarks() { AddSmallBuilding(host); }
+    Findings Run(const std::string& input) { return FindingsOf(host, input); }
+    Findings RunAsItIs() { return Run(kCases + kFloors + "FIN\n"); }
+    FakeHost host;
+};
+
+// One beam makes no floor by rule R05; the rest of the building is sound: only notes remain.
+TEST_F(Remarks, OfASoundBuildingAreNotesAndThatOneBeamIsFewForAFloor) {
+    EXPECT_THAT(Ids(RunAsItIs()), ElementsAre("R05", "R22", "R27"));
+    host.Member(10, 12, 14).Member(11, 14, 13);
+    EXPECT_THAT(Ids(RunAsItIs()), ElementsAre("R22", "R27"));
+}
+
+TEST_F(Remarks, NameEqualEarthquakeCases) {
+    const Findings findings = Run("EarthquakeLoadCaseNumber,2,2,\nFIN\n");
+    EXPECT_EQ(RemarkKind::kError, Find(findings, "R01").kind);
+    EXPECT_THAT(Find(findings, "R01").en, HasSubstr("Both earthquake cases are 2."));
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R01")));
+}
+
+TEST_F(Remarks, NameCasesThatTheModelDoesNotHave) {
+    const Findings findings = Run("DeadLoadCaseNumber,8,\nEarthquakeLoadCaseNumber,2,9,\nFIN\n");
+    EXPECT_THAT(Find(findings, "R02").en,
+                HasSubstr("dead load case 8, earthquake case Z 9 not in the model (there are 1, 2, "
+                          "3, 101)."));
+}
+
+TEST_F(Remarks, NameStoriesWithoutMembers) {
+    const Findings findings = Run(kCases + "FloorLevel,0,3500,7000,\nFIN\n");
+    EXPECT_THAT(Find(findings, "R03").stories, ElementsAre(2));
+}
+
+// 99 mm is two beams of one floor, 100 mm may be a landing, 2100 mm is a story.
+TEST_F(Remarks, TellFlatStoriesFromLowOnes) {
+    EXPECT_THAT(Ids(Run(kCases + "FloorLevel,0,99,\nFIN\n")), Contains("R04"));
+    const Findings low = Run(kCases + "FloorLevel,0,100,\nFIN\n");
+    EXPECT_THAT(Ids(low), Not(Contains("R04")));
+    EXPECT_THAT(Find(low, "R05").en, HasSubstr("story 1 is 100 mm high"));
+    host.Member(10, 12, 14).Member(11, 14, 13);
+    EXPECT_THAT(Ids(Run(kCases + "FloorLevel,1400,3500,\nFIN\n")), Not(Contains("R05")));
+}
+
+// A beam at 1.75 m splits nothing but makes a floor of one member: the suggested line leaves it
+// out.
+TEST_F(Remarks, SuggestLevelsWithoutTheLanding) {
+    host.Member(10, 12, 14).Member(11, 14, 13);
+    host.Node(21, 0, 1.75, 0).Node(22, 6, 1.75, 0).Member(20, 21, 22);
+    const Findings findings = Run(kCases + "FIN\n");
+    EXPECT_THAT(Find(findings, "R05").doEn, HasSubstr("FloorLevel,0,3500,"));
+}
+
+// Columns 1 and 3 of four carry half of the shear: a warning from half on, an error below.
+TEST_F(Remarks, MeasureTheShareOfTheStoryShear) {
+    const Findings half = Run(kCases + kFloors + "StoryMember,\n1,1,3,\nFIN\n");
+    EXPECT_EQ(RemarkKind::kWarning, Find(half, "R06").kind);
+    EXPECT_THAT(Find(half, "R06").en, HasSubstr("28.0 kN / 56.0 kN = 50.0%"));
+    EXPECT_THAT(Find(half, "R06").members, ElementsAre(2, 4));
+    const Findings less = Run(kCases + kFloors + "StoryMember,\n1,1,\nFIN\n");
+    EXPECT_EQ(RemarkKind::kError, Find(less, "R06").kind);
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R06")));
+}
+
+// A column of 7 m in a story of 3.5 m: ratio 2, angle times 4.
+TEST_F(Remarks, NameMembersOfAnotherHeight) {
+    host.Node(30, 12, 0, 0, true).Node(31, 12, 7, 0).Member(30, 30, 31);
+    host.Displace(2, 31, 0.007, 0, 0).Force(2, 30, 0, 0, 14, 0);
+    const Findings findings = Run(kCases + kFloors + "StoryMember,\n1,1,2,3,4,30,\nFIN\n");
+    EXPECT_THAT(Find(findings, "R07").en,
+                HasSubstr("member 30 is 7000 mm high (angle times 4.000)"));
+}
+
+// Column 4 pushes back: -14 kN over 7 mm.
+TEST_F(Remarks, NameMembersOfNegativeStiffness) {
+    host.Force(2, 4, 0, 0, -14, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R08").en, HasSubstr("story 1 X member 4 (-2.00 kN/mm)"));
+}
+
+// Column 4 moves 0.05 mm with 14 kN: 280 kN/mm of 286.
+TEST_F(Remarks, NameMembersThatHardlyMoveAndAreMostOfTheStiffness) {
+    host.Displace(2, 14, 0.00005, 0, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R09").en, HasSubstr("story 1 X member 4 (0.050 mm, 97.9%)"));
+}
+
+// A brace from the foot of column 1 to a node that moves twice as far: largest, and 20 % on the
+// mean.
+TEST_F(Remarks, NameALeaningMemberThatMovesMost) {
+    host.Node(15, 3, 3.5, 4).Displace(2, 15, 0.014, 0, 0).Member(5, 1, 15);
+    const Findings findings = RunAsItIs();
+    EXPECT_THAT(Find(findings, "R10").en,
+                HasSubstr("story 1 X: leaning member 5, upright 1, mean 20.0%"));
+    EXPECT_THAT(Find(findings, "R10").stories, ElementsAre(1));
+}
+
+TEST_F(Remarks, NameObliqueMembersWithZVerticalOnly) {
+    FakeHost standing;
+    standing.zUp = true;
+    standing.primaryLoadCases = {1, 2, 3};
+    standing.Node(1, 0, 0, 0, true)
+        .Node(2, 3, 3, 3.5)
+        .Node(3, 0, 3, 3.5)
+        .Member(1, 1, 2)
+        .Member(2, 1, 3);
+    EXPECT_THAT(Find(FindingsOf(standing, kCases + kFloors + "FIN\n"), "R11").members,
+                ElementsAre(1));
+    host.Node(15, 3, 3.5, 2).Member(5, 1, 15);
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R11")));
+}
+
+TEST_F(Remarks, NameACombinationAsEarthquakeCase) {
+    EXPECT_THAT(Find(Run("EarthquakeLoadCaseNumber,2,101,\nFIN\n"), "R12").en,
+                HasSubstr("Earthquake case 101 (a combination) contains vertical load."));
+}
+
+// Case 2 presses each column down with 5 or 5.1 kN: 5 % of the weight, and just more.
+TEST_F(Remarks, NameVerticalLoadInAnEarthquakeCase) {
+    for (std::int32_t column = 1; column <= 4; ++column)
+        host.Force(2, column, 0, 5, 14, 0);
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R12")));
+    for (std::int32_t column = 1; column <= 4; ++column)
+        host.Force(2, column, 0, 5.1, 14, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R12").en, HasSubstr("case 2 (5.1% of the weight)"));
+}
+
+// 1 kN across 14 kN is 7 %; with the numbers exchanged everything acts across.
+TEST_F(Remarks, NameACaseThatActsAcross) {
+    host.Force(2, 1, 0, 0, 14, -4);
+    const Findings some = RunAsItIs();
+    EXPECT_EQ(RemarkKind::kWarning, Find(some, "R13").kind);
+    EXPECT_THAT(Find(some, "R13").en, HasSubstr("story 1 X: case 2 acts across, 7.1% of along"));
+    FakeHost plain;
+    AddSmallBuilding(plain);
+    const Findings exchanged =
+        FindingsOf(plain, "EarthquakeLoadCaseNumber,3,2,\n" + kFloors + "FIN\n");
+    EXPECT_EQ(RemarkKind::kError, Find(exchanged, "R13").kind);
+    EXPECT_THAT(Ids(FindingsOf(plain, kCases + kFloors + "FIN\n")), Not(Contains("R13")));
+}
+
+TEST_F(Remarks, NameNegativeWeightAndShearInTheDeadLoad) {
+    host.Force(1, 1, 0, 100, 8, 0);  // 8 kN of 400 kN: 2 %
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R14")));
+    host.Force(1, 1, 0, 100, 9, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R14").en, HasSubstr("story 1 X ΣQ = 9.0 kN"));
+    for (std::int32_t column = 1; column <= 4; ++column)
+        host.Force(1, column, 0, -100, 0, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R14").en, HasSubstr("story 1 ΣN = -400.0 kN"));
+}
+
+TEST_F(Remarks, NameACaseInTheNegativeSense) {
+    for (std::int32_t column = 1; column <= 4; ++column)
+        host.Displace(2, column + 10, -0.007, 0, 0).Force(2, column, 0, 0, -14, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R15").en, HasSubstr("story 1 X ΣQ = -56.0 kN"));
+}
+
+// 56 kN of 400 kN is C = 0.14; a twentieth of the load is below 0.05.
+TEST_F(Remarks, NameACoefficientThatNoEarthquakeHas) {
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R16")));
+    for (std::int32_t column = 1; column <= 4; ++column)
+        host.Force(2, column, 0, 0, 4.9, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R16").en, HasSubstr("story 1 X C = 0.049"));
+}
+
+// Each story carries the same 206 kN in X.
+TEST(RemarksOfTwoStories, NameAShearThatDoesNotGrowDownwards) {
+    FakeHost host;
+    BuildTwoStories(host);
+    EXPECT_THAT(Find(FindingsOf(host, kTwoStoryInput), "R16").en,
+                HasSubstr("story 1 X: the story shear does not grow downwards"));
+    for (std::int32_t column = 101; column <= 104; ++column)
+        host.Force(2, column, 0, 0, 60, 0).Force(3, column, 0, 0, 0, -60);
+    EXPECT_THAT(Ids(FindingsOf(host, kTwoStoryInput)), Not(Contains("R16")));
+}
+
+TEST_F(Remarks, NoteMembersThatLiftUp) {
+    host.Force(1, 2, 0, -1, 0, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R17").members, ElementsAre(2));
+}
+
+// All weight on columns 1 and 2 but uplift on 3: G = (4 * -50) / 150 m in Z, outside 0 to 4 m.
+TEST_F(Remarks, NameCentresOutsideThePlan) {
+    host.Force(1, 3, 0, -50, 0, 0).Force(1, 4, 0, 0, 0, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R18").en, HasSubstr("story 1 G (4000, -1333)"));
+}
+
+TEST_F(Remarks, SayWhatWasNotCalculatedAndWhy) {
+    const Findings findings = Run("EarthquakeLoadCaseNumber,2,2,\n" + kFloors + "FIN\n");
+    EXPECT_THAT(Find(findings, "R19").en,
+                HasSubstr("story 1 X eccentricity modulus (both directions have the same case)"));
+    EXPECT_EQ(RemarkKind::kError, Find(findings, "R19").kind);
+}
+
+// Node 14 goes 10 mm in X and the others 7: the plane through them leaves 0.75 mm, 9.7 % of 7.75.
+TEST_F(Remarks, NameAFloorThatDoesNotMoveAsOnePiece) {
+    host.Displace(2, 14, 0.010, 0, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R20").en, HasSubstr("floor above story 1 X (residual "));
+}
+
+// A floor that turns by 0.001 moves its nodes by 0.001 times their distance: rigid all the same.
+TEST_F(Remarks, DoNotNameAFloorThatTurns) {
+    const double plan[4][2] = {{0, 0}, {6, 0}, {0, 4}, {6, 4}};
+    for (std::int32_t i = 0; i < 4; ++i)
+        host.Displace(2, i + 11, 0.007 + 0.001 * plan[i][1], 0, -0.001 * plan[i][0]);
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R20")));
+}
+
+TEST_F(Remarks, TellAReliefFromAnotherAllowableValue) {
+    const Findings relief = Run(kCases + kFloors + "AllowStoryDeformAngle,\n1,0.008333,\nFIN\n");
+    EXPECT_EQ(RemarkKind::kNote, Find(relief, "R21").kind);
+    const Findings other = Run(kCases + kFloors + "AllowStoryStiffRatio,\n1,0.5,\nFIN\n");
+    EXPECT_EQ(RemarkKind::kWarning, Find(other, "R21").kind);
+    EXPECT_THAT(Find(other, "R21").en, HasSubstr("0.5 (story 1)"));
+}
+
+TEST_F(Remarks, NoteWhatWasDerivedFromTheModel) {
+    EXPECT_THAT(Find(Run(kCases + "FIN\n"), "R22").en,
+                HasSubstr("floor levels, story members derived"));
+    EXPECT_THAT(Ids(Run(kCases + kFloors + "StoryMember,\n1,1,2,3,4,\nFIN\n")),
+                Not(Contains("R22")));
+}
+
+TEST_F(Remarks, CountSupportsAtOtherLevels) {
+    host.Node(40, 9, 0.101, 0, true).Node(41, 9, -0.5, 0, true).Node(42, 9, 0.1, 0, true);
+    EXPECT_THAT(Find(RunAsItIs(), "R23").en, HasSubstr("2 supports at other levels"));
+}
+
+TEST_F(Remarks, RepeatTheWarningsOfTheLogInPlainWords) {
+    const Findings findings = Run("EarthquakeLoadCaseNumber,2,2,\n" + kFloors + "FIN\n");
+    EXPECT_THAT(Find(findings, "R24").en,
+                HasSubstr("Story 1: no stiffness in the second direction"));
+    EXPECT_THAT(Find(findings, "R24").en,
+                HasSubstr("[Total stiffness(Kz) is nearly equal to 0 as setting rigidity center of "
+                          "1-th story."));
+}
+
+TEST_F(Remarks, NameTheHeightAndTheSlendernessThatCloseRoute2) {
+    EXPECT_THAT(Ids(Run(kCases + "FloorLevel,0,16000,\nFIN\n")), Not(Contains("R28")));
+    const Findings tall = Run(kCases + "FloorLevel,0,31001,\nStoryMember,\n1,1,2,3,4,\nFIN\n");
+    EXPECT_THAT(Find(tall, "R28").en, HasSubstr("height of the model 31.00 m > 31 m"));
+    EXPECT_THAT(Find(tall, "R28").en, HasSubstr("height over width 7.75 > 4"));
+}
+
+TEST_F(Remarks, NameAStoryThatDoesNotMove) {
+    for (std::int32_t node = 11; node <= 14; ++node)
+        host.Displace(2, node, 0, 0, 0);
+    EXPECT_THAT(Find(RunAsItIs(), "R29").en, HasSubstr("No mean drift: story 1 X."));
+}
+
+TEST_F(Remarks, StandInTheOrderOfTheirWeight) {
+    const Findings findings = Run("EarthquakeLoadCaseNumber,2,2,\nFIN\n");
+    EXPECT_TRUE(std::ranges::is_sorted(findings.remarks, {}, &Remark::kind));
+}
+
+TEST_F(Remarks, HaveTextsInBothLanguagesWithoutABraceLeft) {
+    const Findings findings = Run("EarthquakeLoadCaseNumber,2,2,\nFIN\n");
+    for (const Remark& remark : findings.remarks)
+        for (const std::string& text : {remark.en, remark.ja, remark.doEn, remark.doJa}) {
+            EXPECT_FALSE(text.empty()) << remark.id;
+            EXPECT_EQ(std::string::npos, text.find_first_of("{}")) << remark.id << ": " << text;
+        }
+}
+
+// Findings of one story and nothing else, for what no building shows by itself.
+Findings WithStories(std::size_t count) {
+    Findings findings;
+    findings.end.complete = findings.end.resultsWritten = true;
+    for (std::size_t i = 0; i < count; ++i) {
+        StoryFindings& story = findings.stories.emplace_back();
+        story.number = static_cast<int>(i + 1);
+        story.height = 3500.0;
+    }
+    return findings;
+}
+
+TEST(RemarksOnFindings, NameARatioThatAReferencePutsOnTheOtherSideOfTheLimit) {
+    Findings findings = WithStories(1);
+    DirectionFindings& x = findings.stories[0].directions[kX];
+    x.stiffnessRatio = 0.61;
+    x.stiffnessRatioUpright = 0.6;
+    x.stiffnessRatioTranslational = 0.65;
+    EXPECT_FALSE(std::ranges::count(FormRemarks(findings), "R30", &Remark::id));
+    x.stiffnessRatioUpright = 0.59;
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Find(findings, "R30").en, HasSubstr("story 1 X (0.610, 0.590, 0.650)"));
+}
+
+// A top story of 2 m by 2 m above one of 6 m by 6 m covers a ninth.
+TEST(RemarksOnFindings, NoteAPenthouseAndABasement) {
+    Findings findings = WithStories(2);
+    const auto plan = [](double size) {
+        MemberFindings corner;
+        corner.x = corner.v = size;
+        return std::vector<MemberFindings>{MemberFindings{}, corner};
+    };
+    findings.stories[0].members = plan(6000.0);
+    findings.stories[1].members = plan(2000.0);
+    findings.floorLevels = {-3000.0, 500.0, 4000.0};
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Find(findings, "R32").stories, ElementsAre(2));
+    findings.groundLevel = 0.0;
+    findings.stories[1].members = plan(6000.0);
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Find(findings, "R32").stories, ElementsAre(1));
+}
+
+TEST(RemarksOnFindings, NameWhatARecordingDoesNotAnswer) {
+    Findings findings = WithStories(1);
+    findings.end.missingAnswer = "the displacements of node 7 under load case 3";
+    findings.end.recordedFor = "tower.csv";
+    findings.remarks = FormRemarks(findings);
+    EXPECT_EQ(RemarkKind::kError, Find(findings, "R25").kind);
+    EXPECT_THAT(Find(findings, "R25").en,
+                HasSubstr("no answer to the displacements of node 7 under load case 3. It was made "
+                          "for tower.csv."));
+    findings.end.missingAnswer.clear();
+    findings.end.unlistedZeros = 12;
+    findings.remarks = FormRemarks(findings);
+    EXPECT_EQ(RemarkKind::kWarning, Find(findings, "R25").kind);
+    EXPECT_THAT(Find(findings, "R25").en, HasSubstr("12 answers"));
+}
+
+TEST(RemarksOnFindings, NameReportsThatAreNotWhole) {
+    Findings findings = WithStories(1);
+    findings.end.incompleteReports = {"tower.aijR2Result.csv"};
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Find(findings, "R26").en, HasSubstr("Incomplete: tower.aijR2Result.csv."));
+    findings.end.incompleteReports.clear();
+    findings.end.resultsWritten = false;
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Find(findings, "R26").en, HasSubstr("Incomplete: the results file."));
+}
+
+TEST(RemarkList, NamesTwelveAndCountsTheRest) {
+    std::vector<BothLanguages> items(14, {"a", "b"});
+    EXPECT_THAT(Listed(items).en, testing::EndsWith("a, a and 2 more"));
+    EXPECT_THAT(Listed(items).ja, testing::EndsWith("b、b ほか 2 件"));
+}
+
+TEST(RemarkNumbers, RoundHalvesAwayFromZeroAndKnowNoMinusZero) {
+    EXPECT_EQ("2.5", Fixed(2.45, 1));
+    EXPECT_EQ("-2.5", Fixed(-2.45, 1));
+    EXPECT_EQ("0.0", Fixed(-0.04, 1));
+    EXPECT_EQ("3500", Shortest(3500.0));
+}
+
+}  // namespace
