@@ -8,6 +8,7 @@
 #include "cli/check_command.h"
 #include "cli/exit_codes.h"
 #include "cli/live_commands.h"
+#include "platform/dll_search.h"
 #include "version.h"
 
 namespace {
@@ -88,6 +89,7 @@ int RunCommand(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    RestrictDllSearch();
     try {
         return RunCommand(argc, argv);
     } catch (const std::bad_alloc&) {

@@ -5,7 +5,8 @@
 # docs/architecture.md has the table for readers, and a test holds the two together.
 add_library(quarnel_build_options INTERFACE)
 target_link_libraries(quarnel_build_options INTERFACE quarnel_warnings quarnel_portable_arithmetic
-                                                      quarnel_windows_programs)
+                                                      quarnel_windows_programs quarnel_hardening
+                                                      quarnel_reproducible)
 
 # Gives `target` the headers of one folder of the project.
 function(quarnel_headers target visibility folder)

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "host/qhm_file.h"
+#include "platform/dll_search.h"
 #include "platform/narrow_text.h"
 #include "samplehost/call_meter.h"
 #include "samplehost/running_host.h"
@@ -153,6 +154,7 @@ int RunCommand(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    RestrictDllSearch();
     CoInitialize(nullptr);
     try {
         return RunCommand(argc, argv);

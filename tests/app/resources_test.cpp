@@ -274,23 +274,6 @@ TEST_F(Resources, ManifestDeclaresDpiAwarenessAndUtf8) {
     EXPECT_THAT(manifest, HasSubstr(">UTF-8</activeCodePage>"));
 }
 
-TEST_F(Resources, VersionIsOnePointZero) {
-    const std::wstring path = Executable::Path();
-    std::vector<std::uint8_t> bytes(GetFileVersionInfoSizeW(path.c_str(), nullptr));
-    ASSERT_FALSE(bytes.empty());
-    ASSERT_TRUE(
-        GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(bytes.size()), bytes.data()));
-    VS_FIXEDFILEINFO* fixed = nullptr;
-    UINT length = 0;
-    ASSERT_TRUE(VerQueryValueW(bytes.data(), L"\\", reinterpret_cast<void**>(&fixed), &length));
-    EXPECT_EQ(DWORD{1} << 16, fixed->dwFileVersionMS);
-    EXPECT_EQ(0u, fixed->dwFileVersionLS);
-    wchar_t* text = nullptr;
-    ASSERT_TRUE(VerQueryValueW(bytes.data(), L"\\StringFileInfo\\040904B0\\ProductVersion",
-                               reinterpret_cast<void**>(&text), &length));
-    EXPECT_STREQ(L"1.0", text);
-}
-
 // LoadLibrary sees the header of the image, whose first byte follows the flags in the handle's
 // low bits.
 TEST_F(Resources, ExecutableIsRandomisedAndItsDataIsNotRun) {

@@ -65,6 +65,8 @@ def problems_of(page):
         yield "a formula was left as text"
     if page.formulas < 20:
         yield f"the page has {page.formulas} formulas only"
+    if "page-third-party" not in page.ids:
+        yield "the notices of third parties are missing"
     if not any(source.startswith("data:image/svg") for source in page.sources):
         yield "the drawing of a story is missing"
 

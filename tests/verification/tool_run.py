@@ -12,7 +12,7 @@ class ToolRun:
     """One run of `quarnel-cli check` and of `story-values` on copies of a model and an input file.
 
     `results` is the results file by section, direction, displacement type, story and load;
-    `log_warnings` are the warnings of the log; `values` are the unrounded values per story.
+    `log_lines` is the log, `log_warnings` its warnings; `values` are the unrounded values per story.
     """
 
     def __init__(self, cli, story_values, model, input_file):
@@ -29,7 +29,8 @@ class ToolRun:
         self.results_lines = results.splitlines()
         self.results = read_results(self.results_lines)
         marker = "*** WARNING *** : "
-        self.log_warnings = [line[len(marker):] for line in log.splitlines()
+        self.log_lines = log.splitlines()
+        self.log_warnings = [line[len(marker):] for line in self.log_lines
                              if line.startswith(marker)]
 
     def row(self, section, story, load=None, direction=None, disp_type=None):
