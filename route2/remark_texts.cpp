@@ -154,8 +154,8 @@ BothLanguages FillIn(std::string_view en, std::string_view ja,
 BothLanguages Listed(const std::vector<BothLanguages>& items) {
     BothLanguages list;
     for (std::size_t i = 0; i < items.size() && i < kLongestList; ++i) {
-        list.en += (i == 0 ? "" : ", ") + items[i].en;
-        list.ja += (i == 0 ? "" : "、") + items[i].ja;
+        list.en.append(i == 0 ? "" : ", ").append(items[i].en);
+        list.ja.append(i == 0 ? "" : "、").append(items[i].ja);
     }
     if (items.size() > kLongestList) {
         const std::string more = std::to_string(items.size() - kLongestList);
