@@ -4,6 +4,7 @@
 #include "report/results_csv.h"
 
 #include <cstddef>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -87,6 +88,8 @@ public:
     /// An index beyond a vector's end stops it at that row with std::out_of_range.
     void PrintSections();
 
+    const PrintedVerdicts& Printed() const { return printed_; }
+
 private:
     void PrintDeformAngles();
     void PrintMemberDeformAngles();
@@ -101,12 +104,15 @@ private:
 
     void PrintBlockHead(const Block& block, const char* value) const;
     void PrintLoadCaseRow(std::size_t story, std::size_t loadCase, double disp, double value,
-                          double allowable) const;
-    void PrintAllRow(std::size_t story, double disp, double value, double allowable) const;
+                          double allowable);
+    void PrintAllRow(std::size_t story, double disp, double value, double allowable);
     void PrintStoryDeformAngles(const Block& block, std::size_t story);
     void PrintStoryStiffnessRatios(const Block& block, std::size_t story);
-    void PrintStoryMemberAngles(std::size_t story, const ReportedRecords& records, std::size_t axis,
-                                const char* rowFormat);
+    void PrintStoryMemberAngles(std::size_t story, const ReportedRecords& records,
+                                std::size_t axis);
+
+    /// Text of a verdict as it is printed now, which counts it.
+    const char* Shown(std::optional<ToolVerdict> verdict);
 
     std::int32_t LoadCaseNumber(std::size_t loadCase) const {
         return At(engine_.loadCaseNumbers, loadCase);
@@ -115,7 +121,8 @@ private:
     const AijCodeRoute2& engine_;
     std::FILE* file_;
     std::size_t loadCases_;
-    const char* verdict_ = "***";  // of the check row written last; some rows repeat it
+    std::optional<ToolVerdict> verdict_;  // of the check row written last; some rows repeat it
+    PrintedVerdicts printed_;
 };
 
 void ResultsWriter::PrintSections() {
@@ -125,6 +132,12 @@ void ResultsWriter::PrintSections() {
     PrintCenters("Gravity center", "gravity center", &StoryInfo::gravityCenter);
     PrintCenters("Center of rigidity", "rigidity center", &StoryInfo::rigidityCenter);
     PrintEccentricityModuli();
+}
+
+const char* ResultsWriter::Shown(std::optional<ToolVerdict> verdict) {
+    if (!verdict) return "***";
+    ++(*verdict == ToolVerdict::kPass ? printed_.pass : printed_.fail);
+    return TextOf(*verdict);
 }
 
 void ResultsWriter::PrintBlockHead(const Block& block, const char* value) const {
@@ -137,18 +150,17 @@ void ResultsWriter::PrintBlockHead(const Block& block, const char* value) const 
 }
 
 void ResultsWriter::PrintLoadCaseRow(std::size_t story, std::size_t loadCase, double disp,
-                                     double value, double allowable) const {
+                                     double value, double allowable) {
     const StoryInfo& info = engine_.stories[story];
     Print(file_, "%d,%d,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s\n", StoryNumber(story),
           static_cast<int>(LoadCaseNumber(loadCase)), info.lowerLevel, info.upperLevel,
-          StoryHeight(info), disp, value, allowable, verdict_);
+          StoryHeight(info), disp, value, allowable, Shown(verdict_));
 }
 
-void ResultsWriter::PrintAllRow(std::size_t story, double disp, double value,
-                                double allowable) const {
+void ResultsWriter::PrintAllRow(std::size_t story, double disp, double value, double allowable) {
     const StoryInfo& info = engine_.stories[story];
     Print(file_, "%d,All,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s\n", StoryNumber(story), info.lowerLevel,
-          info.upperLevel, StoryHeight(info), disp, value, allowable, verdict_);
+          info.upperLevel, StoryHeight(info), disp, value, allowable, Shown(verdict_));
 }
 
 void ResultsWriter::PrintDeformAngles() {
@@ -166,7 +178,7 @@ void ResultsWriter::PrintStoryDeformAngles(const Block& block, std::size_t story
     const double height = StoryHeight(info);
     const double allowable = info.allowDeformAngle;
     const auto judge = [&](double angle) {
-        if (!block.repeatsLastAngleVerdict) verdict_ = TextOf(JudgeDeformAngle(angle, allowable));
+        if (!block.repeatsLastAngleVerdict) verdict_ = JudgeDeformAngle(angle, allowable);
     };
     for (std::size_t k = 0; k < loadCases_; ++k) {
         const double disp = At((info.*block.dispByLoadCase)[block.axis], k);
@@ -189,26 +201,27 @@ void ResultsWriter::PrintMemberDeformAngles() {
         ReportedRecords records;
         for (const StoryMember& record : engine_.stories[story].members)
             if (record.outputDeformAngle) records[record.loadCaseNumber].push_back(&record);
-        PrintStoryMemberAngles(story, records, kX, "%d,%d,%d,%.3e,X,%.5e,%.5e,%s\n");
-        // The blank in "Z( or Y)" stands here only.
-        PrintStoryMemberAngles(story, records, kZ, "%d,%d,%d,%.3e,Z( or Y),%.5e,%.5e,%s\n");
+        PrintStoryMemberAngles(story, records, kX);
+        PrintStoryMemberAngles(story, records, kZ);
     }
 }
 
 void ResultsWriter::PrintStoryMemberAngles(std::size_t story, const ReportedRecords& records,
-                                           std::size_t axis, const char* rowFormat) {
+                                           std::size_t axis) {
     const StoryInfo& info = engine_.stories[story];
+    // The blank in "Z( or Y)" stands here only.
+    const char* const direction = axis == kX ? "X" : "Z( or Y)";
     const double height = StoryHeight(info);
     for (std::size_t k = 0; k < loadCases_; ++k) {
         const auto ofLoadCase = records.find(LoadCaseNumber(k));
         if (ofLoadCase == records.end()) continue;
         for (const StoryMember* record : ofLoadCase->second) {
             const double angle = MemberDeformAngle(record->relativeDisp[axis], height);
-            verdict_ = TextOf(JudgeDeformAngle(angle, info.allowDeformAngle));
+            verdict_ = JudgeDeformAngle(angle, info.allowDeformAngle);
             // The load column counts the load cases from 1; the other sections print numbers.
-            Print(file_, rowFormat, StoryNumber(story), static_cast<int>(k + 1),
-                  static_cast<int>(record->memberNumber), height, angle, info.allowDeformAngle,
-                  verdict_);
+            Print(file_, "%d,%d,%d,%.3e,%s,%.5e,%.5e,%s\n", StoryNumber(story),
+                  static_cast<int>(k + 1), static_cast<int>(record->memberNumber), height,
+                  direction, angle, info.allowDeformAngle, Shown(verdict_));
         }
     }
 }
@@ -231,13 +244,13 @@ void ResultsWriter::PrintStoryStiffnessRatios(const Block& block, std::size_t st
         const double disp = At((info.*block.dispByLoadCase)[block.axis], k);
         const double rsBar = At((engine_.*block.rsBarByLoadCase)[block.axis], k);
         const double ratio = StiffnessRatio(block.axis, DeformAngle(disp, height), rsBar);
-        verdict_ = TextOf(JudgeStiffnessRatio(ratio, allowable));
+        verdict_ = JudgeStiffnessRatio(ratio, allowable);
         PrintLoadCaseRow(story, k, disp, ratio, allowable);
     }
     const double disp = (info.*block.dispOfAll)[block.axis];
     const double rsBar = (engine_.*block.rsBarOfAll)[block.axis];
     const double ratio = StiffnessRatio(block.axis, AngleOfAllRow(block, disp, height), rsBar);
-    verdict_ = TextOf(JudgeStiffnessRatio(ratio, allowable));
+    verdict_ = JudgeStiffnessRatio(ratio, allowable);
     PrintAllRow(story, disp, ratio, allowable);
 }
 
@@ -266,13 +279,15 @@ void ResultsWriter::PrintEccentricityModuli() {
         const PerDirection& modulus = info.eccentricityModulus;
         Print(file_, "%d,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s,%s\n", StoryNumber(story),
               info.lowerLevel, info.upperLevel, StoryHeight(info), modulus[kX], modulus[kZ],
-              allowable, TextOf(JudgeEccentricityModulus(modulus[kX], allowable)),
-              TextOf(JudgeEccentricityModulus(modulus[kZ], allowable)));
+              allowable, Shown(JudgeEccentricityModulus(modulus[kX], allowable)),
+              Shown(JudgeEccentricityModulus(modulus[kZ], allowable)));
     }
 }
 
 }  // namespace
 
-void WriteResultRows(std::FILE* file, const AijCodeRoute2& engine) {
-    ResultsWriter(file, engine).PrintSections();
+PrintedVerdicts WriteResultRows(std::FILE* file, const AijCodeRoute2& engine) {
+    ResultsWriter writer(file, engine);
+    writer.PrintSections();
+    return writer.Printed();
 }

@@ -14,12 +14,13 @@
 #include "route2/node_table.h"
 #include "route2/number_index.h"
 #include "route2/records.h"
+#include "route2/tool_verdict.h"
 
 class AijCodeRoute2;
 
-/// Writes the rows of an open results file from the engine's records. An index beyond a vector's
-/// end stops it at that row with std::out_of_range.
-using ResultRowsWriter = void (*)(std::FILE* file, const AijCodeRoute2& engine);
+/// Writes the rows of an open results file from the engine's records, and counts the verdicts that
+/// it prints. An index beyond a vector's end stops it at that row with std::out_of_range.
+using ResultRowsWriter = PrintedVerdicts (*)(std::FILE* file, const AijCodeRoute2& engine);
 
 /// The engine of one Route 2 check run.
 ///
@@ -135,6 +136,7 @@ public:
     // Written by PrintStoryInfoCsv.
     std::FILE* resultFile = nullptr;
     bool resultFileWritten = false;  ///< all rows went to the results file, none was lost
+    PrintedVerdicts printedVerdicts;
 
     // Written by Initialize.
     std::string modelFilePath;

@@ -13,7 +13,7 @@ void AijCodeRoute2::PrintStoryInfoCsv() {
         return;
     }
     try {
-        writeResultRows(resultFile, *this);
+        printedVerdicts = writeResultRows(resultFile, *this);
     } catch (...) {
         // Left open, the file would be incomplete and in use until the program ends.
         CloseResultFile();

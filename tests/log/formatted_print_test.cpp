@@ -16,7 +16,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 // What a print leaves in a report, its line ends read as "\n".
 template <typename... Values>
-std::string Printed(const char* format, Values... values) {
+std::string Printed(PrintFormat<std::type_identity_t<Values>...> format, Values... values) {
     const TestFolder folder;
     std::FILE* file = std::fopen(folder.Path("report.txt").c_str(), "w");
     Print(file, format, values...);
