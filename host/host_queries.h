@@ -50,8 +50,9 @@ public:
     /// when the host returns none.
     virtual std::string GetModelFilePath() = 0;
 
-    /// Made once at the end of every successful connection.
-    virtual void PostConnectCall() = 0;
+    /// Made once at the end of every successful connection. Nothing to do where there is no
+    /// connection.
+    virtual void PostConnectCall() {}
 
     /// 1: English base units (inch, kip); any other value: metric (metre, kN).
     virtual std::int32_t GetBaseUnitSystem() = 0;

@@ -2,8 +2,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <functional>
-#include <ranges>
 #include <vector>
 
 namespace {
@@ -156,7 +154,8 @@ std::string FlatTable(const Findings& findings) {
     for (const Column& column : kColumns)
         headings.emplace_back(column.heading);
     std::string table = kByteOrderMark + AsLine(headings);
-    for (const StoryFindings& story : std::views::reverse(findings.stories)) {
+    for (std::size_t i = findings.stories.size(); i-- > 0;) {
+        const StoryFindings& story = findings.stories[i];
         for (const std::size_t axis : {kX, kZ}) {
             std::vector<std::string> cells;
             for (const Column& column : kColumns)
@@ -170,7 +169,8 @@ std::string FlatTable(const Findings& findings) {
 std::string FlatMemberTable(const Findings& findings) {
     std::string table =
         kByteOrderMark + AsLine({std::begin(kMemberHeadings), std::end(kMemberHeadings)});
-    for (const StoryFindings& story : std::views::reverse(findings.stories))
+    for (std::size_t i = findings.stories.size(); i-- > 0;) {
+        const StoryFindings& story = findings.stories[i];
         for (const MemberFindings& member : story.members)
             table +=
                 AsLine({std::to_string(story.number), std::to_string(member.number),
@@ -178,5 +178,6 @@ std::string FlatMemberTable(const Findings& findings) {
                         Plain(member.axialForce), Plain(member.shear[kX]), Plain(member.shear[kZ]),
                         Plain(member.drift[kX]), Plain(member.drift[kZ]),
                         Plain(member.stiffness[kX]), Plain(member.stiffness[kZ])});
+    }
     return table;
 }

@@ -1,6 +1,7 @@
 // Story deformation angles: the mean and the largest drift as the results have them, and the
 // upright member that moves most, which the code's verdict rests on.
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -11,9 +12,7 @@
 namespace {
 
 bool HasUprightMember(const StoryFindings& found) {
-    for (const MemberFindings& member : found.members)
-        if (member.upright) return true;
-    return false;
+    return std::ranges::any_of(found.members, &MemberFindings::upright);
 }
 
 // A drift that is no number counts as the largest: nothing may pass in its shadow.

@@ -34,6 +34,7 @@ std::vector<FloorNode> AskFloorNodes(const StoryUnderFindings& under, std::int32
                        factor * (*moved)[second]};
     }
     std::vector<FloorNode> list;
+    list.reserve(found.size());
     for (const auto& [number, node] : found)
         list.push_back(node);
     return list;

@@ -72,6 +72,7 @@ std::vector<StoryFindings> FormStories(const AijCodeRoute2& engine, bool isCompl
     for (const StoryInfo& story : engine.stories) {
         const std::vector<PlacedMember> cut = CutMembers(story, placed, engine.zIsVertical);
         std::vector<std::int32_t> cutNumbers;
+        cutNumbers.reserve(cut.size());
         for (const PlacedMember& member : cut)
             cutNumbers.push_back(member.number);
         const NumberIndex cutPositions(cutNumbers);

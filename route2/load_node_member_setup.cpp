@@ -91,7 +91,7 @@ bool AijCodeRoute2::SetMemberInfo() {
 void AijCodeRoute2::ReadMemberNumbers() {
     std::vector<std::int32_t> list(static_cast<std::size_t>(hostLink->GetMemberCount()));
     hostLink->GetMemberList(list);
-    for (const auto vectors : {&memberAxisX, &memberAxisY, &memberAxisZ})
+    for (auto* const vectors : {&memberAxisX, &memberAxisY, &memberAxisZ})
         vectors->reserve(list.size());
     memberNumbers.reserve(list.size());
     memberEndNodes.reserve(list.size());

@@ -5,7 +5,8 @@
 std::vector<PlacedMember> PlaceMembers(const AijCodeRoute2& engine) {
     std::vector<PlacedMember> placed;
     for (std::size_t j = 0; j < engine.memberEndNodes.size(); ++j) {
-        const auto& [startNode, endNode] = engine.memberEndNodes[j];
+        const std::int32_t startNode = engine.memberEndNodes[j][0];
+        const std::int32_t endNode = engine.memberEndNodes[j][1];
         const MemberEnds ends = FindMemberEnds(startNode, endNode, engine.Nodes());
         if (!ends.BothFound()) continue;
         const EndHeights heights = HeightsOf(ends, engine.Nodes());

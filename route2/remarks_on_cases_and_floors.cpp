@@ -39,7 +39,7 @@ void OnMissingCases(const Findings& findings, std::vector<Remark>& remarks) {
     const LoadCaseFindings& cases = findings.loadCases;
     const std::string second(1, findings.SecondDirection());
     const struct {
-        std::int32_t number;
+        std::int32_t number = 0;
         BothLanguages role;
     } roles[] = {{cases.dead, {"dead load case ", "長期荷重ケース "}},
                  {cases.earthquake[kX], {"earthquake case X ", "X方向地震荷重ケース "}},
@@ -91,10 +91,11 @@ void OnLandings(const Findings& findings, std::vector<Remark>& remarks) {
             cause.Add(story.number, HeightOf(story));
     for (std::size_t i = 1; i < findings.floorLevels.size(); ++i) {
         if (!shapes.LooksLikeALanding(i)) continue;
-        const std::string level = Fixed(findings.floorLevels[i], 0) + " mm";
-        const std::string beams = std::to_string(shapes.HorizontalMembers(i));
-        cause.Add(static_cast<int>(i), {"level " + level + " has " + beams + " level members",
-                                        "レベル " + level + " の水平部材 " + beams + " 本"});
+        cause.Add(
+            static_cast<int>(i),
+            FillIn("level {level} mm has {n} level members", "レベル {level} mm の水平部材 {n} 本",
+                   {{"level", Fixed(findings.floorLevels[i], 0)},
+                    {"n", std::to_string(shapes.HorizontalMembers(i))}}));
     }
     cause.Set("suggestion", SuggestedLevels(findings, shapes));
     cause.AppendTo(remarks);

@@ -35,12 +35,12 @@ void OnVerticalLoad(const Findings& findings, std::vector<Remark>& remarks) {
             const double vertical = std::abs(story.directions[axis].verticalForce.value_or(0.0));
             if (weight >= kNearlyZero) worst = std::max(worst, vertical / weight);
         }
-        const BothLanguages number{CaseOf(findings, axis), CaseOf(findings, axis)};
+        const std::vector<RemarkValue> values = {{"n", CaseOf(findings, axis)},
+                                                 {"p", Fixed(100.0 * worst, 1)}};
         if (IsCombination(findings, axis))
-            cause.Add(0, number + BothLanguages{" (a combination)", "(組合せ)"});
+            cause.Add(0, FillIn("{n} (a combination)", "{n}(組合せ)", values));
         else if (worst > kVerticalShare)
-            cause.Add(0, number + BothLanguages{" (" + Fixed(100.0 * worst, 1) + "% of the weight)",
-                                                "(重量の " + Fixed(100.0 * worst, 1) + "%)"});
+            cause.Add(0, FillIn("{n} ({p}% of the weight)", "{n}(重量の {p}%)", values));
     }
     cause.AppendTo(remarks);
 }
@@ -68,12 +68,11 @@ void OnAcrossLoad(const Findings& findings, std::vector<Remark>& remarks) {
     for (const std::size_t axis : {kX, kZ}) {
         const AcrossLoad worst = WorstAcross(findings, axis);
         if (worst.story == 0) continue;
-        const std::string number = CaseOf(findings, axis);
-        const std::string share = Fixed(100.0 * std::min(worst.share, 1000.0), 1) + "%";
-        cause.Add(worst.story,
-                  DirectionName(findings, worst.story, axis) +
-                      BothLanguages{": case " + number + " acts across, " + share + " of along",
-                                    ": ケース " + number + " の直交方向成分 " + share});
+        cause.Add(worst.story, FillIn("{where}: case {n} acts across, {p}% of along",
+                                      "{where}: ケース {n} の直交方向成分 {p}%",
+                                      {{"where", DirectionName(findings, worst.story, axis)},
+                                       {"n", CaseOf(findings, axis)},
+                                       {"p", Fixed(100.0 * std::min(worst.share, 1000.0), 1)}}));
         if (worst.share > 1.0) cause.MakeError();
     }
     cause.Set("second", std::string(1, findings.SecondDirection()));

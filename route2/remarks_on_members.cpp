@@ -38,11 +38,13 @@ void OnShareOfTheShear(const Findings& findings, std::vector<Remark>& remarks) {
             if (std::abs(all) < kNearlyZero || story.members.empty()) continue;
             const double share = counted / all;
             if (std::abs(share - 1.0) <= kFullShare) continue;
-            const std::string of = Fixed(counted, 1) + " kN / " + Fixed(all, 1) + " kN = ";
-            cause.Add(story.number, DirectionName(findings, story.number, axis) +
-                                        BothLanguages{": the story members carry ",
-                                                      ": 対象部材の和は層せん断力の "} +
-                                        (of + Percent(share)));
+            cause.Add(story.number,
+                      FillIn("{where}: the story members carry {a} kN / {b} kN = {p}",
+                             "{where}: 対象部材の和は層せん断力の {a} kN / {b} kN = {p}",
+                             {{"where", DirectionName(findings, story.number, axis)},
+                              {"a", Fixed(counted, 1)},
+                              {"b", Fixed(all, 1)},
+                              {"p", Percent(share)}}));
             if (share < kHalfShare) cause.MakeError();
             for (const MemberFindings& member : story.cutNotCounted)
                 cause.AddMember(member.number);
@@ -57,15 +59,13 @@ void OnOtherHeights(const Findings& findings, std::vector<Remark>& remarks) {
         for (const MemberFindings& member : story.members) {
             if (!(std::abs(member.height - story.height) >= kSameLevel)) continue;
             const double ratio = member.height / story.height;
-            const std::string number = std::to_string(member.number);
-            const std::string height = Fixed(member.height, 0) + " mm";
-            const std::string square = Fixed(ratio * ratio, 3);
             cause.AddMember(member.number);
-            cause.Add(story.number, StoryName(story.number) +
-                                        BothLanguages{" member " + number + " is " + height +
-                                                          " high (angle times " + square + ")",
-                                                      " 部材 " + number + " の高さ " + height +
-                                                          "(変形角 " + square + " 倍)"});
+            cause.Add(story.number, FillIn("{where} member {m} is {h} mm high (angle times {f})",
+                                           "{where} 部材 {m} の高さ {h} mm(変形角 {f} 倍)",
+                                           {{"where", StoryName(story.number)},
+                                            {"m", std::to_string(member.number)},
+                                            {"h", Fixed(member.height, 0)},
+                                            {"f", Fixed(ratio * ratio, 3)}}));
         }
     }
     cause.AppendTo(remarks);
@@ -157,14 +157,13 @@ void OnLeaningMembers(const Findings& findings, std::vector<Remark>& remarks) {
             const auto& worst = story.directions[axis].worstUpright.member;
             const std::string judged =
                 influence.upright > 0 && worst ? std::to_string(*worst) : "—";
-            const std::string leaning = std::to_string(influence.largest->number);
-            const std::string share = Fixed(100.0 * influence.ShareOfMean(), 1) + "%";
             cause.AddMember(influence.largest->number);
-            cause.Add(story.number, DirectionName(findings, story.number, axis) +
-                                        BothLanguages{": leaning member " + leaning + ", upright " +
-                                                          judged + ", mean " + share,
-                                                      ": 斜材 " + leaning + "、鉛直材 " + judged +
-                                                          "、平均への影響 " + share});
+            cause.Add(story.number, FillIn("{where}: leaning member {m}, upright {k}, mean {p}%",
+                                           "{where}: 斜材 {m}、鉛直材 {k}、平均への影響 {p}%",
+                                           {{"where", DirectionName(findings, story.number, axis)},
+                                            {"m", std::to_string(influence.largest->number)},
+                                            {"k", judged},
+                                            {"p", Fixed(100.0 * influence.ShareOfMean(), 1)}}));
         }
     }
     cause.AppendTo(remarks);

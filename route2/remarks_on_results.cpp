@@ -110,10 +110,11 @@ void OnStoriesThatDoNotMove(const Findings& findings, std::vector<Remark>& remar
 bool CrossesTheLimit(const DirectionFindings& direction) {
     const CodeVerdict verdict = JudgeRatioByCode(direction.stiffnessRatio);
     if (verdict == CodeVerdict::kUndetermined) return false;
-    for (const Figure& reference :
-         {direction.stiffnessRatioUpright, direction.stiffnessRatioTranslational})
-        if (reference && JudgeRatioByCode(reference) != verdict) return true;
-    return false;
+    const auto differs = [verdict](const Figure& reference) {
+        return reference && JudgeRatioByCode(reference) != verdict;
+    };
+    return differs(direction.stiffnessRatioUpright) ||
+           differs(direction.stiffnessRatioTranslational);
 }
 
 void OnRatiosByDefinition(const Findings& findings, std::vector<Remark>& remarks) {

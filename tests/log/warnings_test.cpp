@@ -11,7 +11,6 @@ namespace {
 
 using testing::HasSubstr;
 
-
 // The text of the log with N and PATH where the documents have them.
 std::string AsDocumented(std::string_view text) {
     std::string documented(text);
