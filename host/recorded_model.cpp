@@ -4,72 +4,84 @@
 
 namespace {
 
-constexpr std::uint32_t kNoAnswer = 0xFFFFFFFF;
+constexpr std::uint16_t kNoAnswer = 0xFFFF;
+constexpr std::uint32_t kNoPage = 0xFFFFFFFF;
 constexpr std::size_t kPositionsPerPage = 512;
 
-using Positions = std::unordered_map<std::int32_t, std::size_t>;
-
-std::optional<std::size_t> Find(const Positions& positions, std::int32_t number) {
-    const auto found = positions.find(number);
-    if (found == positions.end()) return std::nullopt;
-    return found->second;
-}
-
 template <typename Record>
-std::size_t Add(Positions& positions, std::vector<Record>& records, std::int32_t number) {
-    const auto [entry, isNew] = positions.try_emplace(number, records.size());
-    if (isNew) {
+std::size_t AddRecord(NumberPositions& positions, std::vector<Record>& records,
+                      std::int32_t number) {
+    const std::size_t position = positions.Add(number, records.size());
+    if (position == records.size()) {
         records.emplace_back();
         records.back().number = number;
     }
-    return entry->second;
+    return position;
 }
 
 }  // namespace
 
 const SixDoubles* AnswerTable::Find(std::size_t position, std::int32_t loadCase) const {
-    const auto row = rows_.find(loadCase);
-    const std::size_t page = position / kPositionsPerPage;
-    if (row == rows_.end() || page >= row->second.size() || row->second[page].empty())
-        return nullptr;
-    const std::uint32_t slot = row->second[page][position % kPositionsPerPage];
-    return slot == kNoAnswer ? nullptr : &answers_[slot];
+    const auto found = rowPositions_.Find(loadCase);
+    if (!found) return nullptr;
+    const Row& row = rows_[*found];
+    const std::size_t place = position / kPositionsPerPage;
+    if (place >= row.size() || row[place] == kNoPage) return nullptr;
+    const Page& page = pages_[row[place]];
+    const std::uint16_t slot = page.slots[position % kPositionsPerPage];
+    return slot == kNoAnswer ? nullptr : &page.answers[slot];
+}
+
+AnswerTable::Page& AnswerTable::PageOf(std::size_t position, std::int32_t loadCase) {
+    const std::size_t number = rowPositions_.Add(loadCase, rows_.size());
+    if (number == rows_.size()) {
+        rows_.emplace_back();
+        loadCases_.push_back(loadCase);
+    }
+    Row& row = rows_[number];
+    const std::size_t place = position / kPositionsPerPage;
+    if (place >= row.size()) row.resize(place + 1, kNoPage);
+    if (row[place] == kNoPage) {
+        pages_.push_back({std::vector<std::uint16_t>(kPositionsPerPage, kNoAnswer), {}});
+        row[place] = static_cast<std::uint32_t>(pages_.size() - 1);
+    }
+    return pages_[row[place]];
+}
+
+bool AnswerTable::Add(std::size_t position, std::int32_t loadCase, const SixDoubles& answer) {
+    Page& page = PageOf(position, loadCase);
+    std::uint16_t& slot = page.slots[position % kPositionsPerPage];
+    if (slot != kNoAnswer) return false;
+    page.answers.push_back(answer);
+    slot = static_cast<std::uint16_t>(page.answers.size() - 1);
+    ++size_;
+    return true;
 }
 
 void AnswerTable::Store(std::size_t position, std::int32_t loadCase, const SixDoubles& answer) {
-    Row& row = rows_[loadCase];
-    const std::size_t page = position / kPositionsPerPage;
-    if (page >= row.size()) row.resize(page + 1);
-    if (row[page].empty()) row[page].assign(kPositionsPerPage, kNoAnswer);
-    std::uint32_t& slot = row[page][position % kPositionsPerPage];
-    if (slot == kNoAnswer) {
-        slot = static_cast<std::uint32_t>(answers_.size());
-        answers_.push_back(answer);
-    } else {
-        answers_[slot] = answer;
-    }
+    if (Add(position, loadCase, answer)) return;
+    Page& page = PageOf(position, loadCase);
+    page.answers[page.slots[position % kPositionsPerPage]] = answer;
 }
 
 std::vector<std::int32_t> AnswerTable::LoadCases() const {
-    std::vector<std::int32_t> loadCases;
-    for (const auto& row : rows_)
-        loadCases.push_back(row.first);
+    std::vector<std::int32_t> loadCases = loadCases_;
     std::sort(loadCases.begin(), loadCases.end());
     return loadCases;
 }
 
 std::optional<std::size_t> RecordedModel::FindNode(std::int32_t number) const {
-    return Find(nodePositions_, number);
+    return nodePositions_.Find(number);
 }
 
 std::optional<std::size_t> RecordedModel::FindMember(std::int32_t number) const {
-    return Find(memberPositions_, number);
+    return memberPositions_.Find(number);
 }
 
 std::size_t RecordedModel::AddNode(std::int32_t number) {
-    return Add(nodePositions_, nodes, number);
+    return AddRecord(nodePositions_, nodes, number);
 }
 
 std::size_t RecordedModel::AddMember(std::int32_t number) {
-    return Add(memberPositions_, members, number);
+    return AddRecord(memberPositions_, members, number);
 }

@@ -5,35 +5,47 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "host/host_queries.h"
+#include "host/number_positions.h"
 
 /// Six values per position (of a node or a member) and load case.
 ///
-/// A row per load case that has an answer holds one small index per position, page by page where
-/// there is an answer; the answers themselves lie one behind the other. Memory grows with the
-/// number of distinct answers, also when each of many load cases has one for a late position.
+/// Positions go in pages of some hundred. A row per load case that has an answer says which page
+/// has which; a page holds its answers one behind the other and a small index of them. Memory grows
+/// with the number of answers, also when each of many load cases has one for a late position.
 class AnswerTable {
 public:
-    /// Null when there is no answer; good until the next Store.
+    /// Null when there is no answer; good until the next Add or Store.
     const SixDoubles* Find(std::size_t position, std::int32_t loadCase) const;
 
+    /// Keeps an answer in the place of the one before, if there was one.
     void Store(std::size_t position, std::int32_t loadCase, const SixDoubles& answer);
 
+    /// Keeps an answer unless there is one; false when there is.
+    bool Add(std::size_t position, std::int32_t loadCase, const SixDoubles& answer);
+
     /// Number of answers.
-    std::size_t size() const { return answers_.size(); }
+    std::size_t size() const { return size_; }
 
     /// Load cases that have an answer, ascending.
     std::vector<std::int32_t> LoadCases() const;
 
 private:
-    using Page = std::vector<std::uint32_t>;  ///< empty where no position has an answer
-    using Row = std::vector<Page>;
+    struct Page {
+        std::vector<std::uint16_t> slots;  ///< per position: its place in `answers`, if any
+        std::vector<SixDoubles> answers;
+    };
+    using Row = std::vector<std::uint32_t>;  ///< places in pages_, if any
 
-    std::unordered_map<std::int32_t, Row> rows_;
-    std::vector<SixDoubles> answers_;
+    Page& PageOf(std::size_t position, std::int32_t loadCase);
+
+    NumberPositions rowPositions_;         ///< of loadCases_ and rows_, by load case
+    std::vector<std::int32_t> loadCases_;  ///< in the order of their first answers
+    std::vector<Row> rows_;
+    std::vector<Page> pages_;
+    std::size_t size_ = 0;
 };
 
 /// What the host has said about one node. Lengths in the host's base unit.
@@ -92,6 +104,6 @@ public:
     std::size_t AddMember(std::int32_t number);
 
 private:
-    std::unordered_map<std::int32_t, std::size_t> nodePositions_;
-    std::unordered_map<std::int32_t, std::size_t> memberPositions_;
+    NumberPositions nodePositions_;
+    NumberPositions memberPositions_;
 };

@@ -44,6 +44,16 @@ TEST(AnswerTable, ASecondAnswerReplacesTheFirst) {
     EXPECT_EQ(1u, table.size());
 }
 
+TEST(AnswerTable, AddsAnAnswerOnlyWhereThereIsNone) {
+    AnswerTable table;
+    EXPECT_TRUE(table.Add(700, 1, kOne));
+    EXPECT_FALSE(table.Add(700, 1, kTwo));
+    EXPECT_TRUE(table.Add(700, 2, kTwo));
+    EXPECT_EQ(kOne, *table.Find(700, 1));
+    EXPECT_EQ(kTwo, *table.Find(700, 2));
+    EXPECT_EQ(2u, table.size());
+}
+
 #ifdef __linux__
 
 // Memory of this process in use now, bytes.
@@ -56,7 +66,7 @@ std::size_t MemoryInUse() {
 }
 
 // A file of a few hundred kilobytes can say this. One index for every position up to the last would
-// be 3000 * 100,000 * 4 bytes = 1.2 GB; pages of 512 indices and their list are below 10 kB a row.
+// be 3000 * 100,000 * 4 bytes = 1.2 GB; a page of 512 indices and the list of pages are below 2 kB.
 TEST(AnswerTable, OneLateAnswerInEachOfManyLoadCasesTakesLittleMemory) {
     const std::size_t before = MemoryInUse();
     AnswerTable table;
