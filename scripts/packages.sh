@@ -1,5 +1,5 @@
 # Debian packages by purpose; sourced by ./run, ./test and the other scripts.
-native_packages=(g++ cmake ninja-build python3 googletest nlohmann-json3-dev libcli11-dev)
+native_packages=(g++ cmake ninja-build python3 googletest libboost1.81-dev nlohmann-json3-dev libcli11-dev libssl-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix mingw-w64-tools)
 wine_packages=(wine wine64 xvfb)
 package_packages=(nsis zip unzip pandoc)
