@@ -15,5 +15,6 @@ function(quarnel_header_library target folder package)
     target_include_directories(${target} SYSTEM INTERFACE ${QUARNEL_DEBIAN_HEADERS})
 endfunction()
 
+quarnel_header_library(debian_boost boost libboost1.81-dev)
 quarnel_header_library(debian_nlohmann_json nlohmann nlohmann-json3-dev)
 quarnel_header_library(debian_cli11 CLI libcli11-dev)

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "host/recorded_model.h"
 
@@ -11,12 +12,25 @@ class QhmFileError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Reads a host model file whole. Throws QhmFileError at the first fault.
+/// A host model file as it was read.
+struct QhmContents {
+    RecordedModel model;
+
+    /// What somebody should know who relies on it, one line each, without the file's name: a key
+    /// of the outermost object that is unknown, and so not read, may be a misspelt section.
+    std::vector<std::string> cautions;
+};
+
+/// Reads a host model file whole, as a stream. Throws QhmFileError at the first fault, and
+/// std::bad_alloc where there is not enough memory.
 ///
 /// What the file leaves out has its default: metric units, Y vertical, results available, empty
 /// lists, no support, no rotation. A number that stands twice among nodes or members is answered
 /// from its first entry. `modelPath` has no value when the file does not give one, and is empty
 /// when the file says that the host returns none.
+QhmContents ReadQhmFileWithCautions(const std::string& path);
+
+/// The same, for whom nobody reads cautions.
 RecordedModel ReadQhmFile(const std::string& path);
 
 /// Writes what a run has asked as a host model file, whole or not at all: first beside it under

@@ -9,6 +9,10 @@
 
 #include "tests/support/test_folder.h"
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -299,9 +303,13 @@ TEST_F(QhmFile, ATruncatedFileIsRefusedWhereverItEnds) {
 
 #ifndef _WIN32
 
-// Stands for a file far larger than memory: it must not be read to its end first.
-TEST_F(QhmFile, AFileWithoutEndIsRefusedAtItsFirstFault) {
-    EXPECT_THAT(ErrorOf("/dev/zero"), IsOneLineAbout("/dev/zero", "JSON"));
+// Nobody writes to the pipe, and the device has no end: opening the one and reading the other would
+// last for ever.
+TEST_F(QhmFile, APipeOrADeviceIsRefusedUnread) {
+    const std::string pipe = folder.Path("pipe.qhm");
+    ASSERT_EQ(0, mkfifo(pipe.c_str(), 0600));
+    EXPECT_THAT(ErrorOf(pipe), IsOneLineAbout(pipe, "not a regular file"));
+    EXPECT_THAT(ErrorOf("/dev/zero"), IsOneLineAbout("/dev/zero", "not a regular file"));
 }
 
 #endif
@@ -310,16 +318,26 @@ TEST_F(QhmFile, AFileWithoutEndIsRefusedAtItsFirstFault) {
 TEST_F(QhmFile, DeepNestingIsRefusedLikeAnyOtherFault) {
     constexpr std::size_t kDepth = 100000;
     const std::string open(kDepth, '['), close(kDepth, ']');
-    EXPECT_THAT(Error(open), IsOneLineAbout(folder.Path("tower.qhm"), "JSON"));
-    EXPECT_THAT(Error(open + close), IsOneLineAbout(folder.Path("tower.qhm"), "object"));
+    EXPECT_THAT(Error(open), IsOneLineAbout(folder.Path("tower.qhm"), "object"));
     EXPECT_THAT(Error(Model("\"nodes\": " + open + close)),
                 IsOneLineAbout(folder.Path("tower.qhm"), "nodes[0]: "));
     std::string objects;
     for (std::size_t i = 0; i < kDepth; ++i)
         objects += "{\"1\":";
-    EXPECT_THAT(Error(objects + "1" + std::string(kDepth, '}')),
-                IsOneLineAbout(folder.Path("tower.qhm"), "format"));
-    EXPECT_EQ("", Error(Model("\"remark\": " + open + close)));
+    for (const std::string& deep :
+         {objects + "1" + std::string(kDepth, '}'), Model("\"remark\": " + open + close)})
+        EXPECT_THAT(Error(deep), IsOneLineAbout(folder.Path("tower.qhm"),
+                                                "JSON: more than 100 objects and arrays in each "
+                                                "other"));
+}
+
+// The outermost object is the first of the hundred.
+TEST_F(QhmFile, AHundredObjectsAndArraysMayStandInEachOther) {
+    const auto nested = [](std::size_t depth) {
+        return Model("\"remark\": " + std::string(depth - 1, '[') + std::string(depth - 1, ']'));
+    };
+    EXPECT_EQ("", Error(nested(100)));
+    EXPECT_NE("", Error(nested(101)));
 }
 
 TEST_F(QhmFile, AFileThatIsNotThereOrIsAFolderIsOneLine) {

@@ -1,0 +1,242 @@
+#include "host/json_stream.h"
+
+#include <boost/json/basic_parser_impl.hpp>
+#include <boost/json/src.hpp>
+#include <charconv>
+#include <cmath>
+#include <deque>
+#include <functional>
+#include <limits>
+
+namespace {
+
+using Kind = JsonToken::Kind;
+using Failure = boost::json::error_code;
+using Piece = boost::json::string_view;
+
+constexpr std::size_t kBlock = 65536;
+
+// The exact value of a number's text; false when it is beyond the range of double. `about` is the
+// value, right but for rounding.
+bool ReadDouble(std::string_view text, double about, double& value) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc()) return true;
+    // Too small a number is out of range as well.
+    value = std::copysign(0.0, about);
+    return error == std::errc::result_out_of_range && std::abs(about) < 1.0;
+}
+
+// Makes tokens of the parser's calls, one for everything that it meets.
+class Tokens {
+public:
+    static constexpr std::size_t max_object_size = std::numeric_limits<std::size_t>::max();
+    static constexpr std::size_t max_array_size = max_object_size;
+    static constexpr std::size_t max_key_size = max_object_size;
+    static constexpr std::size_t max_string_size = max_object_size;
+
+    explicit Tokens(std::vector<JsonToken>& tokens) : tokens_(tokens) {}
+
+    // Tokens may keep views into this block until the next one begins.
+    void BeginBlock(std::string_view block) {
+        block_ = block;
+        copies_.clear();
+    }
+
+    bool on_document_begin(Failure&) { return true; }
+    bool on_document_end(Failure&) { return true; }
+    bool on_object_begin(Failure&) { return Add({.kind = Kind::kObject}); }
+    bool on_object_end(std::size_t, Failure&) { return Add({.kind = Kind::kEndOfObject}); }
+    bool on_array_begin(Failure&) { return Add({.kind = Kind::kArray}); }
+    bool on_array_end(std::size_t, Failure&) { return Add({.kind = Kind::kEndOfArray}); }
+    bool on_key_part(Piece piece, std::size_t, Failure&) { return Collect(piece); }
+    bool on_key(Piece piece, std::size_t, Failure&) {
+        return Add({.kind = Kind::kKey, .text = LastingText(piece)});
+    }
+    bool on_string_part(Piece piece, std::size_t, Failure&) { return Collect(piece); }
+    bool on_string(Piece piece, std::size_t, Failure&) {
+        return Add({.kind = Kind::kString, .text = LastingText(piece)});
+    }
+    bool on_number_part(Piece piece, Failure&) { return Collect(piece); }
+    bool on_int64(std::int64_t value, Piece piece, Failure& failure) {
+        return AddNumber(Kind::kInteger, static_cast<double>(value), piece, failure);
+    }
+    bool on_uint64(std::uint64_t value, Piece piece, Failure& failure) {
+        return AddNumber(Kind::kInteger, static_cast<double>(value), piece, failure);
+    }
+    bool on_double(double about, Piece piece, Failure& failure) {
+        return AddNumber(Kind::kNumber, about, piece, failure);
+    }
+    bool on_bool(bool value, Failure&) {
+        return Add({.kind = Kind::kBoolean, .number = value ? 1.0 : 0.0});
+    }
+    bool on_null(Failure&) { return Add({.kind = Kind::kNull}); }
+    bool on_comment_part(Piece, Failure&) { return true; }
+    bool on_comment(Piece, Failure&) { return true; }
+
+private:
+    bool Add(const JsonToken& token) {
+        tokens_.push_back(token);
+        return true;
+    }
+
+    bool Collect(Piece piece) {
+        collected_.append(piece.data(), piece.size());
+        return true;
+    }
+
+    // The parser rounds only nearly right; the text says what the number is.
+    bool AddNumber(Kind kind, double about, Piece piece, Failure& failure) {
+        std::string_view text(piece.data(), piece.size());
+        if (!collected_.empty()) text = collected_.append(text);
+        double value = 0.0;
+        const bool isInRange = ReadDouble(text, about, value);
+        collected_.clear();
+        if (isInRange) return Add({.kind = kind, .number = value});
+        failure = boost::json::error::exponent_overflow;
+        return false;
+    }
+
+    // The text of a string whose last piece is this one, kept as long as the block's tokens.
+    std::string_view LastingText(Piece piece) {
+        const std::string_view text(piece.data(), piece.size());
+        if (collected_.empty() && IsInBlock(text)) return text;
+        copies_.push_back(std::move(collected_));
+        collected_.clear();
+        return copies_.back().append(text);
+    }
+
+    bool IsInBlock(std::string_view text) const {
+        constexpr std::less_equal<const char*> isBefore;
+        return isBefore(block_.data(), text.data()) &&
+               isBefore(text.data() + text.size(), block_.data() + block_.size());
+    }
+
+    std::vector<JsonToken>& tokens_;
+    std::string_view block_;
+    std::string collected_;  // what came of a string or a number in the blocks before
+    std::deque<std::string> copies_;
+};
+
+// The parser with its tokens, fed with a file block by block.
+class BlockParser {
+public:
+    BlockParser(std::FILE* file, std::vector<JsonToken>& tokens)
+        : file_(file), json_({.max_depth = JsonStream::kDeepest}, tokens), buffer_(kBlock) {}
+
+    // The next bytes of the file; none at its end.
+    std::string_view ReadBlock() {
+        const bool isFirst = start_ + block_.size() == 0;
+        start_ += block_.size();
+        block_ = {buffer_.data(), std::fread(buffer_.data(), 1, buffer_.size(), file_)};
+        std::string_view text = block_;
+        if (isFirst && text.starts_with(kMark)) text.remove_prefix(kMark.size());
+        return text;
+    }
+
+    // Where the block that was read last begins in the file.
+    std::uint64_t start() const { return start_; }
+
+    // Parses a piece of the text; the file's end is an empty one. Gives how much of the piece
+    // belongs to the text.
+    std::size_t Parse(std::string_view piece, Failure& failure) {
+        json_.handler().BeginBlock(piece);
+        return json_.write_some(!piece.empty(), piece.data(), piece.size(), failure);
+    }
+
+private:
+    static constexpr std::string_view kMark = "\xEF\xBB\xBF";
+
+    std::FILE* file_;
+    boost::json::basic_parser<Tokens> json_;
+    std::vector<char> buffer_;
+    std::string_view block_;
+    std::uint64_t start_ = 0;
+};
+
+struct LineAndColumn {
+    std::uint64_t line = 1;
+    std::uint64_t column = 0;  // in characters
+
+    void Pass(std::string_view text) {
+        for (const char byte : text) {
+            const bool isPartOfCharacter = (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+            if (byte == '\n')
+                *this = {line + 1, 0};
+            else if (!isPartOfCharacter)
+                ++column;
+        }
+    }
+};
+
+// Where a file that cannot be parsed goes wrong: the block with the fault is parsed once more, byte
+// by byte.
+LineAndColumn FindFault(std::FILE* file, std::uint64_t startOfFaultyBlock) {
+    std::rewind(file);
+    std::vector<JsonToken> tokens;
+    BlockParser parser(file, tokens);
+    LineAndColumn place;
+    Failure failure;
+    for (std::string_view block = parser.ReadBlock(); !block.empty(); block = parser.ReadBlock()) {
+        const std::size_t step = parser.start() < startOfFaultyBlock ? block.size() : 1;
+        for (; !block.empty(); block.remove_prefix(step)) {
+            tokens.clear();
+            const std::string_view piece = block.substr(0, step);
+            place.Pass(piece);
+            if (parser.Parse(piece, failure) < piece.size() || failure) return place;
+        }
+    }
+    return place;
+}
+
+std::string TextOfFault(const Failure& failure, const LineAndColumn& place) {
+    const std::string line = "line " + std::to_string(place.line);
+    const std::string at = line + ", column " + std::to_string(place.column);
+    if (!failure) return "text behind the end of the JSON text, in " + at;
+    if (failure == boost::json::error::incomplete) return "the text ends too early, in " + line;
+    if (failure == boost::json::error::exponent_overflow)
+        return "a number beyond the range of double precision, in " + at;
+    if (failure == boost::json::error::too_deep)
+        return "more than " + std::to_string(JsonStream::kDeepest) +
+               " objects and arrays in each other, in " + at;
+    return failure.message() + " in " + at;
+}
+
+}  // namespace
+
+struct JsonStream::Parser {
+    Parser(std::FILE* source, std::vector<JsonToken>& tokens)
+        : file(source), blocks(source, tokens) {}
+
+    std::FILE* file;
+    BlockParser blocks;
+    Failure failure;
+    bool isFaulty = false;  // behind the tokens that are there
+    bool isAtEnd = false;
+};
+
+JsonStream::JsonStream(std::FILE* file) : parser_(std::make_unique<Parser>(file, tokens_)) {}
+
+JsonStream::~JsonStream() = default;
+
+void JsonStream::ParseBlock() {
+    const std::string_view block = parser_->blocks.ReadBlock();
+    if (std::ferror(parser_->file) != 0) throw JsonError("expected JSON: cannot be read");
+    parser_->isAtEnd = block.empty();
+    const std::size_t parsed = parser_->blocks.Parse(block, parser_->failure);
+    parser_->isFaulty = parser_->failure || parsed < block.size();
+}
+
+void JsonStream::Fill() {
+    tokens_.clear();
+    next_ = 0;
+    while (tokens_.empty()) {
+        if (parser_->isFaulty) {
+            const LineAndColumn place = FindFault(parser_->file, parser_->blocks.start());
+            throw JsonError("expected JSON: " + TextOfFault(parser_->failure, place));
+        }
+        if (parser_->isAtEnd)
+            tokens_.push_back({.kind = Kind::kEnd});
+        else
+            ParseBlock();
+    }
+}
