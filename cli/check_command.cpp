@@ -83,13 +83,15 @@ ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inp
             << ": this is a report that the run would overwrite; name the Route 2 Input file\n";
         return kExitUsage;
     }
-    RecordedModel model;
+    QhmContents contents;
     try {
-        model = ReadQhmFile(modelPath);
+        contents = ReadQhmFileWithCautions(modelPath);
     } catch (const QhmFileError& error) {
         std::cerr << "quarnel-cli: " << error.what() << "\n";
         return kExitUsage;
     }
-    RecordedHost host(model, modelPath);
+    for (const std::string& caution : contents.cautions)
+        std::cerr << "quarnel-cli: caution: " << modelPath << ": " << caution << "\n";
+    RecordedHost host(contents.model, modelPath);
     return ExitCodeOf(CheckOnHost([&host] { return &host; }, inputPath));
 }

@@ -102,7 +102,9 @@ void WriteCallCounts(const CallMeter& meter, const std::string& path) {
 int Serve(const Options& options) {
     if (StopWindow::FindRunning() != nullptr)
         return Fail(kExitRefused, "another SampleHost is running; SampleHost.exe --stop ends it");
-    RecordedModel model = ReadQhmFile(options.model);
+    auto [model, cautions] = ReadQhmFileWithCautions(options.model);
+    for (const std::string& caution : cautions)
+        std::cerr << "SampleHost: caution: " << options.model << ": " << caution << "\n";
     const auto modelPath = ModelPathOf(model, options.model);
     Introduce(model, modelPath, options);
 

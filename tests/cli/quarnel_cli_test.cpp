@@ -239,6 +239,29 @@ TEST_F(QuarnelCli, AWrongTypeDeepInsideTheModelIsNamedWithItsPlace) {
     EXPECT_FALSE(folder.Has("deep.aijR2Log.txt"));
 }
 
+TEST_F(QuarnelCli, AnUnknownKeyOfTheModelIsACautionOfACompleteRun) {
+    const ProgramRun before = Check();
+    std::string text = folder.Read("tower.qhm");
+    text.insert(text.find('{') + 1, "\"displacement\": {},");
+    folder.Write("tower.qhm", text);
+    const ProgramRun run = Check();
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_EQ(before.out, run.out);
+    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_THAT(run.err, HasSubstr("caution: " + model + ": the unknown key \"displacement\""));
+}
+
+TEST_F(QuarnelCli, AKeyTwiceInTheModelEndsWithTwoAndItsPlace) {
+    std::string text = folder.Read("tower.qhm");
+    text.insert(text.find('{') + 1, "\"zUp\": true,");
+    folder.Write("tower.qhm", text);
+    const ProgramRun run = Check();
+    EXPECT_EQ(2, run.exitCode);
+    EXPECT_EQ("", run.out);
+    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_THAT(run.err, HasSubstr(model + ": zUp: this key stands twice"));
+}
+
 TEST_F(QuarnelCli, AFolderInPlaceOfTheLogEndsWithOne) {
     std::filesystem::create_directory(folder.Path("tower.aijR2Log.txt"));
     const ProgramRun run = Check();
