@@ -6,7 +6,9 @@
 #include "cli/check_command.h"
 #include "host/live_host.h"
 #include "host/qhm_file.h"
+#include "host/recording.h"
 #include "platform/native_path.h"
+#include "platform/terminal.h"
 
 namespace {
 
@@ -22,11 +24,44 @@ bool CanHoldRecording(const std::string& recordingPath) {
     return folder.empty() || std::filesystem::is_directory(folder, ignored);
 }
 
+// Shows how far the questions are, where somebody may be looking at the terminal: there can be
+// millions of them.
+class TerminalProgress {
+public:
+    void Show(std::size_t asked, std::size_t all) {
+        const std::size_t percent = 100 * asked / all;
+        if (!isShown_ || percent == percent_) return;
+        percent_ = percent;
+        std::cerr << "\rrecording: " << percent << " % of " << all << " answers"
+                  << (asked == all ? "\n" : "") << std::flush;
+    }
+
+private:
+    bool isShown_ = StandardErrorIsTerminal();
+    std::size_t percent_ = 0;
+};
+
+// Asks what the recording needs beyond what the run has asked, and says what it is for.
+RecordedFor CompleteRecording(RememberingHost& host, const std::string& inputPath,
+                              RecordingScope scope) {
+    if (scope == RecordingScope::kRun) {
+        AskForOtherEnds(host);
+        return RecordedForInput(inputPath);
+    }
+    TerminalProgress progress;
+    AskForEverything(
+        host, [&progress](std::size_t asked, std::size_t all) { progress.Show(asked, all); });
+    return RecordedForEverything();
+}
+
 void DescribeRecording(const RecordedModel& model, const std::string& path) {
     const std::size_t endForces = model.endForces[0].size() + model.endForces[1].size();
     std::cout << "Recorded: " << path << " (" << model.nodeList->size() << " nodes, "
               << model.memberList->size() << " members, " << model.displacements.size()
-              << " node displacements, " << endForces << " member end forces)" << std::endl;
+              << " node displacements, " << endForces << " member end forces; for "
+              << (model.recordedFor->everything ? "every input file"
+                                                : model.recordedFor->inputName + " only")
+              << ")" << std::endl;
 }
 
 }  // namespace
@@ -36,21 +71,30 @@ ExitCode CheckRunningHost(const std::string& inputPath) {
     return ExitCodeOf(CheckOnHost([&host] { return host.Connect(); }, inputPath));
 }
 
-ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath) {
+ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
+                           RecordingScope scope) {
     if (IsSameFile(inputPath, recordingPath))
         return Fail(kExitUsage, recordingPath + ": the recording would overwrite the input file");
     if (!CanHoldRecording(recordingPath))
         return Fail(kExitUsage, recordingPath + ": the folder of the recording does not exist");
 
-    LiveHost host;
-    const RunOutcome outcome = CheckOnHost([&host] { return host.Connect(); }, inputPath);
-    const RecordedModel* const answers = host.Answers();
+    LiveHost live;
+    const RunOutcome outcome = CheckOnHost([&live] { return live.Connect(); }, inputPath);
+    RememberingHost* const host = live.Remembered();
     if (outcome.hostFailed)
         return Fail(kExitEndedEarly, recordingPath + ": not written: a host call failed");
-    if (answers == nullptr || !answers->nodeList || !answers->memberList)
+    if (host == nullptr || !host->Memory().nodeList || !host->Memory().memberList)
         return Fail(kExitEndedEarly,
                     recordingPath + ": not written: the run ended before it had read the model");
-    WriteQhmFile(*answers, recordingPath);
-    DescribeRecording(*answers, recordingPath);
+    try {
+        const RecordedFor purpose = CompleteRecording(*host, inputPath, scope);
+        RecordedModel model = host->TakeMemory();
+        model.recordedFor = purpose;
+        WriteQhmFile(model, recordingPath);
+        DescribeRecording(model, recordingPath);
+    } catch (const HostCallError& error) {
+        return Fail(kExitEndedEarly,
+                    recordingPath + ": not written: a host call failed: " + error.what());
+    }
     return ExitCodeOf(outcome);
 }

@@ -7,7 +7,14 @@
 /// `quarnel-cli check INPUT.csv`: a run on the running host.
 ExitCode CheckRunningHost(const std::string& inputPath);
 
+/// How much `quarnel-cli record` asks the host.
+enum class RecordingScope {
+    kRun,         ///< what the run asks; the recording is for its input file
+    kEverything,  ///< all nodes and members under all load cases, for any input file
+};
+
 /// `quarnel-cli record INPUT.csv OUT.qhm`: a run on the running host, and everything that it asked
 /// as a host model file. A run in which a host call failed, or which ended before it had read the
 /// model, writes no file.
-ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath);
+ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
+                           RecordingScope scope);

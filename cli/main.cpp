@@ -24,7 +24,8 @@ Examples:
       and results go beside the host's model file.
   quarnel-cli record job.csv job.qhm
       the same, and saves what the host answered: checking job.qhm with job.csv
-      gives the same log and results where the host is not installed.
+      gives the same log and results where the host is not installed. With
+      --all the recording can be checked with any input file.
 
 The Route 2 Input file is comma-separated and ends with a line FIN, for example:
   DeadLoadCaseNumber,1,
@@ -73,6 +74,10 @@ int RunCommand(int argc, char** argv) {
         "record", "run the checks on the running host and save its answers as a model file");
     record->add_option("INPUT.csv", input, "Route 2 Input file")->required();
     record->add_option("OUT.qhm", recording, "the recorded building to write")->required();
+    bool recordsEverything = false;
+    record->add_flag("--all", recordsEverything,
+                     "ask for all nodes and members under all load cases, not only for what this "
+                     "run needs: the recording then serves every input file");
     record->footer(kFooter);
 
     try {
@@ -83,7 +88,9 @@ int RunCommand(int argc, char** argv) {
         std::cerr << "quarnel-cli: " << error.what() << " (quarnel-cli --help shows the usage)\n";
         return kExitUsage;
     }
-    return record->parsed() ? RecordRunningHost(input, recording) : Check(files);
+    if (!record->parsed()) return Check(files);
+    return RecordRunningHost(
+        input, recording, recordsEverything ? RecordingScope::kEverything : RecordingScope::kRun);
 }
 
 }  // namespace

@@ -11,7 +11,8 @@ ExitCode CheckRunningHost(const std::string& inputPath) {
     return kExitUsage;
 }
 
-ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath) {
+ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
+                           RecordingScope) {
     std::cerr << "quarnel-cli: record " << inputPath << " " << recordingPath
               << ": the running host can be reached on Windows only; record there\n";
     return kExitUsage;

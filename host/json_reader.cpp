@@ -4,31 +4,15 @@
 #include <charconv>
 #include <limits>
 
+#include "platform/one_line.h"
+
 namespace {
 
 using Kind = JsonToken::Kind;
 
 constexpr std::size_t kLongestKey = 40;  // in messages
 
-bool IsPartOfCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
 }  // namespace
-
-std::string OneLine(std::string_view text, std::size_t length) {
-    std::string line(text.substr(0, length));
-    if (text.size() > length) {
-        std::size_t end = length;
-        while (end > 0 && IsPartOfCharacter(text[end]))
-            --end;
-        line.resize(end);
-        line += "...";
-    }
-    for (char& character : line)
-        if (static_cast<unsigned char>(character) < ' ' || character == '\x7F') character = ' ';
-    return line;
-}
 
 JsonReader::JsonReader(std::FILE* file) : stream_(file) {
     levels_.reserve(JsonStream::kDeepest + 1);

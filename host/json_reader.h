@@ -7,15 +7,10 @@
 #include <set>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "host/json_stream.h"
 #include "host/number_positions.h"
-
-/// The part of a text that fits into a message of one line: no longer than about `length` bytes and
-/// without control characters.
-std::string OneLine(std::string_view text, std::size_t length);
 
 /// Reads a JSON text of a known form from a file, value by value, and knows the way to the value
 /// that it reads: "nodes[3].xyz[1]".

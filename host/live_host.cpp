@@ -14,7 +14,3 @@ HostQueries* LiveHost::Connect() {
     link_.reset();
     return nullptr;
 }
-
-const RecordedModel* LiveHost::Answers() const {
-    return memory_ == nullptr ? nullptr : &memory_->Memory();
-}

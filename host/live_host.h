@@ -4,7 +4,6 @@
 
 #include "host/host_link.h"
 #include "host/host_queries.h"
-#include "host/recorded_model.h"
 #include "host/remembering_host.h"
 
 /// The running host for one Compute run after another, on one thread.
@@ -18,8 +17,9 @@ public:
     /// HostCallError when a host that was found does not let itself be connected.
     HostQueries* Connect();
 
-    /// What the host has answered in this run; null before a connection.
-    const RecordedModel* Answers() const;
+    /// What the last Connect gave, with all that the host has answered since; null when it gave
+    /// none.
+    RememberingHost* Remembered() const { return memory_.get(); }
 
 private:
     std::unique_ptr<HostLink> link_;

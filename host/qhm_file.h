@@ -36,4 +36,7 @@ RecordedModel ReadQhmFile(const std::string& path);
 /// Writes what a run has asked as a host model file, whole or not at all: first beside it under
 /// another name, then renamed. Throws QhmFileError when the file cannot be written, when a listed
 /// node or member was not asked about, or when the host answered a value that is not finite.
+///
+/// End forces of which only one end was asked about get zeros for the other one; in a model that
+/// says what it was recorded for they are an error (see host/recording.h).
 void WriteQhmFile(const RecordedModel& model, const std::string& path);

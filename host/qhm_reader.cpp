@@ -12,6 +12,7 @@
 #include "host/json_reader.h"
 #include "host/qhm_file.h"
 #include "platform/native_path.h"
+#include "platform/one_line.h"
 #include "platform/stdio_file.h"
 
 namespace {
@@ -90,6 +91,15 @@ void Admit(const RecordedNode& node, RecordedModel& model) {
 void Admit(const RecordedMember& member, RecordedModel& model) {
     RecordedMember& first = model.members[model.AddMember(member.number)];
     if (!first.endNodes) first = member;
+}
+
+std::string ReadSha256(JsonReader& json) {
+    constexpr const char* kExpected = "expected 64 lower-case hexadecimal digits";
+    constexpr std::size_t kDigits = 64;
+    std::string digest = json.ReadString(kExpected);
+    const bool hasOnlyDigits = digest.find_first_not_of("0123456789abcdef") == std::string::npos;
+    if (digest.size() != kDigits || !hasOnlyDigits) json.Fail(kExpected);
+    return digest;
 }
 
 // --- Results -------------------------------------------------------------------------------------
@@ -173,6 +183,7 @@ private:
     void ReadFormat();
     void ReadVersion();
     void ReadModelPath();
+    void ReadRecordedFor();
     void ReadNodes();
     void ReadMembers();
     void ReadUnlistedMembers();
@@ -200,6 +211,7 @@ const QhmReader::Section QhmReader::kSections[] = {
     {"format", [](QhmReader& r) { r.ReadFormat(); }},
     {"version", [](QhmReader& r) { r.ReadVersion(); }},
     {"modelPath", [](QhmReader& r) { r.ReadModelPath(); }},
+    {"recordedFor", [](QhmReader& r) { r.ReadRecordedFor(); }},
     {"baseUnitSystem", [](QhmReader& r) { r.model_.baseUnitSystem = r.json_.ReadInteger(); }},
     {"zUp", [](QhmReader& r) { r.model_.zUp = r.json_.ReadBoolean(); }},
     {"resultsAvailable", [](QhmReader& r) { r.model_.resultsAvailable = r.json_.ReadBoolean(); }},
@@ -248,6 +260,29 @@ void QhmReader::ReadVersion() {
 void QhmReader::ReadModelPath() {
     model_.modelPath =
         json_.ReadNull() ? std::string() : json_.ReadString("expected a string or null");
+}
+
+void QhmReader::ReadRecordedFor() {
+    constexpr const char* kExpected =
+        "expected {\"input\": NAME, \"sha256\": DIGEST} or {\"all\": true}";
+    bool hasAll = false;
+    RecordedFor& purpose = model_.recordedFor.emplace();
+    json_.ReadObject(kExpected, [&](const std::string& key) {
+        if (key == "all") {
+            hasAll = true;
+            purpose.everything = json_.ReadBoolean();
+        } else if (key == "input") {
+            purpose.inputName = json_.ReadString("expected the name of an input file");
+        } else if (key == "sha256") {
+            purpose.inputSha256 = ReadSha256(json_);
+        } else {
+            json_.Skip();
+        }
+    });
+    const bool hasName = !purpose.inputName.empty(), hasDigest = !purpose.inputSha256.empty();
+    const bool isForEverything = purpose.everything && !hasName && !hasDigest;
+    const bool isForInput = !hasAll && hasName && hasDigest;
+    if (!isForEverything && !isForInput) json_.Fail(kExpected);
 }
 
 void QhmReader::ReadNodes() {

@@ -43,6 +43,7 @@ public:
     void Write();
 
 private:
+    void WriteRecordedFor();
     void WriteModelPath();
     void WriteNodes();
     void WriteMembers();
@@ -71,6 +72,7 @@ private:
 
 void QhmWriter::Write() {
     json_.Put("{\n \"format\": \"quarnel-host-model\",\n \"version\": 1");
+    WriteRecordedFor();
     WriteModelPath();
     Key("baseUnitSystem");
     json_.PutInteger(model_.baseUnitSystem.value_or(2));
@@ -132,6 +134,17 @@ void QhmWriter::Table(const char* brackets, const Entries& entries, const WriteE
     }
     if (!std::empty(entries)) json_.Put("\n ");
     json_.Put({brackets + 1, 1});
+}
+
+void QhmWriter::WriteRecordedFor() {
+    if (!model_.recordedFor) return;
+    Key("recordedFor");
+    if (model_.recordedFor->everything) return json_.Put("{\"all\":true}");
+    json_.Put("{\"input\":");
+    json_.PutString(model_.recordedFor->inputName);
+    json_.Put(",\"sha256\":");
+    json_.PutString(model_.recordedFor->inputSha256);
+    json_.Put("}");
 }
 
 // An empty path is what a host without a model file, or one that returns none, answers.
@@ -251,7 +264,8 @@ void QhmWriter::WriteEndForces() {
     });
 }
 
-// A run asks for one end only; the other is written as zeros.
+// A run may ask for one end only. The other one is written as zeros, but not into a recording that
+// must not answer what it was not asked.
 void QhmWriter::WriteBothEnds(std::int32_t member, std::int32_t loadCase, const SixDoubles* start,
                               const SixDoubles* end) {
     constexpr SixDoubles kZeros{};
@@ -259,6 +273,8 @@ void QhmWriter::WriteBothEnds(std::int32_t member, std::int32_t loadCase, const 
         return "the end forces of " + MemberName(member) + " under load case " +
                std::to_string(loadCase);
     };
+    if (model_.recordedFor && (start == nullptr || end == nullptr))
+        throw NotWritable("the host was asked about one end only for " + name());
     NumberedKey(member);
     json_.Put("[");
     Numbers(start == nullptr ? kZeros : *start, name);

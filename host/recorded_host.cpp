@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/one_line.h"
+
 namespace {
 
 constexpr std::int32_t kFailed = static_cast<std::int32_t>(0x80004005);  // E_FAIL
@@ -23,15 +25,23 @@ void CopyList(const std::optional<std::vector<std::int32_t>>& list, std::span<st
     std::copy_n(numbers.begin(), std::min(numbers.size(), to.size()), to.begin());
 }
 
-SixDoubles AnswerOrZeros(const AnswerTable& table, std::size_t position, std::int32_t loadCase) {
-    const SixDoubles* answer = table.Find(position, loadCase);
-    return answer == nullptr ? SixDoubles{} : *answer;
+std::string TextOfPurpose(const RecordedFor& purpose) {
+    constexpr std::size_t kLongestName = 100;
+    if (purpose.everything)
+        return "although it was made with record --all, so the file has been changed; record again "
+               "with record --all";
+    return "because it was made for the input file " + OneLine(purpose.inputName, kLongestName) +
+           "; record again with this run's input file, or with record --all for every input file";
 }
 
 }  // namespace
 
 RecordedHost::RecordedHost(const RecordedModel& model, std::string modelFilePath)
-    : model_(model), modelFilePath_(std::move(modelFilePath)) {}
+    : model_(model), modelFilePath_(std::move(modelFilePath)) {
+    for (const auto& list : {model.primaryLoadCases, model.loadCombinations})
+        for (const std::int32_t loadCase : list.value_or(std::vector<std::int32_t>{}))
+            if (loadCases_.Add(loadCase, loadCaseCount_) == loadCaseCount_) ++loadCaseCount_;
+}
 
 std::size_t RecordedHost::NodePosition(std::int32_t number, const char* query) const {
     const auto position = model_.FindNode(number);
@@ -133,7 +143,9 @@ std::int16_t RecordedHost::GetLoadCombinationNumbers(std::span<std::int32_t> num
 std::int16_t RecordedHost::GetNodeDisplacements(std::int32_t node, std::int32_t loadCase,
                                                 SixDoubles& displacements) {
     const std::size_t position = NodePosition(node, "GetNodeDisplacements");
-    displacements = AnswerOrZeros(model_.displacements, position, loadCase);
+    const SixDoubles* const answer = model_.displacements.Find(position, loadCase);
+    displacements =
+        answer != nullptr ? *answer : Unlisted(Quantity::kDisplacements, position, loadCase);
     return 1;
 }
 
@@ -143,8 +155,44 @@ std::int16_t RecordedHost::GetMemberEndForces(std::int32_t member, std::int32_t 
     const std::size_t position = MemberPosition(member, kQuery);
     if (end != 0 && end != 1) Fail(kQuery, "end " + std::to_string(end) + " is neither 0 nor 1");
     const AnswerTable& ofEnd = model_.endForces[static_cast<std::size_t>(end)];
-    forces = AnswerOrZeros(ofEnd, position, loadCase);
+    const SixDoubles* const answer = ofEnd.Find(position, loadCase);
+    const Quantity quantity = end == 0 ? Quantity::kForcesAtStart : Quantity::kForcesAtEnd;
+    forces = answer != nullptr ? *answer : Unlisted(quantity, position, loadCase);
     return 1;
+}
+
+SixDoubles RecordedHost::Unlisted(Quantity quantity, std::size_t position, std::int32_t loadCase) {
+    const auto loadCasePosition = loadCases_.Find(loadCase);
+    if (!loadCasePosition) return {};
+    if (model_.recordedFor) FailUnlisted(quantity, position, loadCase);
+    const bool isHeld =
+        quantity == Quantity::kDisplacements && model_.nodes[position].support.value_or(0) != 0;
+    if (!isHeld) CountUnlisted(quantity, position, *loadCasePosition);
+    return {};
+}
+
+void RecordedHost::CountUnlisted(Quantity quantity, std::size_t position,
+                                 std::size_t loadCasePosition) {
+    std::vector<std::vector<bool>>& rows = unlisted_.at(static_cast<std::size_t>(quantity));
+    if (rows.empty()) rows.resize(loadCaseCount_);
+    std::vector<bool>& row = rows[loadCasePosition];
+    if (position >= row.size()) row.resize(position + 1);
+    if (row[position]) return;
+    row[position] = true;
+    ++unlistedAnswers_;
+}
+
+void RecordedHost::FailUnlisted(Quantity quantity, std::size_t position,
+                                std::int32_t loadCase) const {
+    const std::string ending =
+        " under load case " + std::to_string(loadCase) + ", " + TextOfPurpose(*model_.recordedFor);
+    if (quantity == Quantity::kDisplacements)
+        Fail("GetNodeDisplacements", "the recording does not hold the displacements of node " +
+                                         std::to_string(model_.nodes[position].number) + ending);
+    Fail("GetMemberEndForces",
+         std::string("the recording does not hold the forces at the ") +
+             (quantity == Quantity::kForcesAtStart ? "start (0)" : "end (1)") + " of member " +
+             std::to_string(model_.members[position].number) + ending);
 }
 
 bool RecordedHost::AreResultsAvailable() {

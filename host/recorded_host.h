@@ -1,14 +1,22 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "host/host_queries.h"
+#include "host/number_positions.h"
 #include "host/recorded_model.h"
 
 /// Answers all queries from a recorded model.
 ///
 /// A question about a node or member that the model does not have is a failed host call; so is one
-/// that was never answered. Displacements and end forces that were not recorded are zeros.
+/// that was never answered. What is not there of displacements and end forces is answered with
+/// zeros, as is everything under a load case that the model does not have. But where the model says
+/// which run it was recorded for, a missing answer about its own load cases is a failed call, whose
+/// text says what was asked, for which input file the recording was made and how to make another.
 class RecordedHost : public HostQueries {
 public:
     /// Borrows `model`, which must outlive the host. `modelFilePath` is what GetModelFilePath
@@ -38,13 +46,30 @@ public:
                                     SixDoubles& forces) override;
     bool AreResultsAvailable() override;
 
+    /// How many different questions about displacements and end forces were answered with zeros
+    /// because the model does not list the answer. Supported nodes, which do not move, and load
+    /// cases that the model does not have are not counted.
+    std::size_t UnlistedAnswers() const { return unlistedAnswers_; }
+
 private:
+    enum class Quantity : std::uint8_t { kDisplacements, kForcesAtStart, kForcesAtEnd };
+
+    // The answer where none is listed: zeros, or a failed call.
+    SixDoubles Unlisted(Quantity quantity, std::size_t position, std::int32_t loadCase);
     // A number that is not in the model is a failed call of `query`.
     std::size_t NodePosition(std::int32_t number, const char* query) const;
     std::size_t MemberPosition(std::int32_t number, const char* query) const;
     const RecordedNode& Node(std::int32_t number, const char* query) const;
     const RecordedMember& Member(std::int32_t number, const char* query) const;
 
+    void CountUnlisted(Quantity quantity, std::size_t position, std::size_t loadCasePosition);
+    [[noreturn]] void FailUnlisted(Quantity quantity, std::size_t position,
+                                   std::int32_t loadCase) const;
+
     const RecordedModel& model_;
     std::string modelFilePath_;
+    NumberPositions loadCases_;  ///< those that the model has
+    std::size_t loadCaseCount_ = 0;
+    std::array<std::vector<std::vector<bool>>, 3> unlisted_;  ///< quantity, load case, position
+    std::size_t unlistedAnswers_ = 0;
 };

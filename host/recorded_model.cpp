@@ -48,20 +48,16 @@ AnswerTable::Page& AnswerTable::PageOf(std::size_t position, std::int32_t loadCa
     return pages_[row[place]];
 }
 
-bool AnswerTable::Add(std::size_t position, std::int32_t loadCase, const SixDoubles& answer) {
+void AnswerTable::Store(std::size_t position, std::int32_t loadCase, const SixDoubles& answer) {
     Page& page = PageOf(position, loadCase);
     std::uint16_t& slot = page.slots[position % kPositionsPerPage];
-    if (slot != kNoAnswer) return false;
+    if (slot != kNoAnswer) {
+        page.answers[slot] = answer;
+        return;
+    }
     page.answers.push_back(answer);
     slot = static_cast<std::uint16_t>(page.answers.size() - 1);
     ++size_;
-    return true;
-}
-
-void AnswerTable::Store(std::size_t position, std::int32_t loadCase, const SixDoubles& answer) {
-    if (Add(position, loadCase, answer)) return;
-    Page& page = PageOf(position, loadCase);
-    page.answers[page.slots[position % kPositionsPerPage]] = answer;
 }
 
 std::vector<std::int32_t> AnswerTable::LoadCases() const {

@@ -17,14 +17,11 @@
 /// with the number of answers, also when each of many load cases has one for a late position.
 class AnswerTable {
 public:
-    /// Null when there is no answer; good until the next Add or Store.
+    /// Null when there is no answer; good until the next Store.
     const SixDoubles* Find(std::size_t position, std::int32_t loadCase) const;
 
     /// Keeps an answer in the place of the one before, if there was one.
     void Store(std::size_t position, std::int32_t loadCase, const SixDoubles& answer);
-
-    /// Keeps an answer unless there is one; false when there is.
-    bool Add(std::size_t position, std::int32_t loadCase, const SixDoubles& answer);
 
     /// Number of answers.
     std::size_t size() const { return size_; }
@@ -66,6 +63,14 @@ struct RecordedMember {
     std::optional<double> beta;  ///< degrees, a single-precision value
 };
 
+/// Which run a recording was made for. It holds what that run has asked, and another question about
+/// the model may not be answered with zeros.
+struct RecordedFor {
+    bool everything = false;  ///< no run in particular: all questions there are have been asked
+    std::string inputName;    ///< otherwise: name of the run's input file, without folder, UTF-8
+    std::string inputSha256;  ///< of its bytes, 64 lower-case hexadecimal digits
+};
+
 /// What a host has answered about one model: what a run remembers, what a recording saves and what
 /// a recorded host answers from. Everything is in the host's own units and numbers; what has not
 /// been answered has no value.
@@ -78,6 +83,9 @@ public:
     std::optional<std::int32_t> baseUnitSystem;
     std::optional<bool> zUp;
     std::optional<bool> resultsAvailable;
+
+    /// Without a value, displacements and end forces that are not there are zeros.
+    std::optional<RecordedFor> recordedFor;
 
     std::optional<std::int32_t> nodeCount;
     std::optional<std::int32_t> memberCount;

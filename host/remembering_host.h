@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "host/host_queries.h"
 #include "host/recorded_model.h"
 
@@ -19,6 +21,9 @@ public:
 
     /// Everything answered so far.
     const RecordedModel& Memory() const { return memory_; }
+
+    /// The same, taken out: this host then remembers nothing.
+    RecordedModel TakeMemory() { return std::exchange(memory_, RecordedModel()); }
 
     std::string GetModelFilePath() override;
     void PostConnectCall() override;

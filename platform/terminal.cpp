@@ -15,10 +15,19 @@ bool StandardOutputShowsColor() {
            SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
+bool StandardErrorIsTerminal() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+}
+
 #else
 
 bool StandardOutputShowsColor() {
     return isatty(STDOUT_FILENO) != 0;
+}
+
+bool StandardErrorIsTerminal() {
+    return isatty(STDERR_FILENO) != 0;
 }
 
 #endif

@@ -264,6 +264,60 @@ TEST_F(QhmFile, EveryFaultIsOneLineWithFilePlaceAndExpectation) {
             << fault.text;
 }
 
+TEST_F(QhmFile, SaysWhatItWasRecordedFor) {
+    const std::string digest(64, '7');
+    const RecordedModel ofRun = Read(Model(R"("recordedFor": {"input": "tower.csv", "sha256": ")" +
+                                           digest + R"(", "by": "somebody"})"));
+    EXPECT_FALSE(ofRun.recordedFor->everything);
+    EXPECT_EQ("tower.csv", ofRun.recordedFor->inputName);
+    EXPECT_EQ(digest, ofRun.recordedFor->inputSha256);
+    EXPECT_TRUE(Read(Model(R"("recordedFor": {"all": true})")).recordedFor->everything);
+    EXPECT_FALSE(Read(Model("")).recordedFor.has_value());
+}
+
+TEST_F(QhmFile, ARecordingThatDoesNotSayWhatForIsRefusedWithItsPlace) {
+    const std::string digest(64, 'f');
+    const struct {
+        std::string text;
+        const char* place;
+    } faults[] = {
+        {"null", "recordedFor: "},
+        {"\"tower.csv\"", "recordedFor: "},
+        {"{}", "recordedFor: "},
+        {R"({"all": false})", "recordedFor: "},
+        {R"({"all": 1})", "recordedFor.all: "},
+        {R"({"input": "tower.csv"})", "recordedFor: "},
+        {R"({"input": "", "sha256": ")" + digest + "\"}", "recordedFor: "},
+        {R"({"input": 5, "sha256": ")" + digest + "\"}", "recordedFor.input: "},
+        {R"({"sha256": ")" + digest + "\"}", "recordedFor: "},
+        {R"({"input": "tower.csv", "sha256": ")" + digest.substr(1) + "\"}",
+         "recordedFor.sha256: "},
+        {R"({"input": "tower.csv", "sha256": ")" + digest.substr(1) + "G\"}",
+         "recordedFor.sha256: "},
+        {R"({"input": "tower.csv", "sha256": 12})", "recordedFor.sha256: "},
+        {R"({"all": true, "input": "tower.csv", "sha256": ")" + digest + "\"}", "recordedFor: "},
+    };
+    for (const auto& [text, place] : faults)
+        EXPECT_THAT(Error(Model("\"recordedFor\": " + text)),
+                    IsOneLineAbout(folder.Path("tower.qhm"), place))
+            << text;
+}
+
+TEST_F(QhmFile, WhatItWasRecordedForIsReadBackTheSame) {
+    RecordedModel model = SmallModel();
+    model.endForces[1].Store(0, 101, {12.5, -3, -0.25, 4, 5, 6});
+    for (const RecordedFor& purpose :
+         {RecordedFor{true, {}, {}},
+          RecordedFor{false, "\xE5\x85\xA5 \"a\\b\".csv", std::string(64, '0')}}) {
+        model.recordedFor = purpose;
+        WriteQhmFile(model, folder.Path("tower.qhm"));
+        const RecordedModel back = ReadQhmFile(folder.Path("tower.qhm"));
+        EXPECT_EQ(purpose.everything, back.recordedFor->everything);
+        EXPECT_EQ(purpose.inputName, back.recordedFor->inputName);
+        EXPECT_EQ(purpose.inputSha256, back.recordedFor->inputSha256);
+    }
+}
+
 TEST_F(QhmFile, NumbersBeyondThirtyTwoBitsAreRefusedWithTheirPlace) {
     for (const char* number : {"2147483648", "-2147483649", "4294967297", "18446744073709551615",
                                "99999999999999999999", "1e3", "1.5"})

@@ -121,6 +121,7 @@ TEST_F(QhmKeys, KnownKeysAreNoCaution) {
     EXPECT_THAT(Read(R"("modelPath": null, "baseUnitSystem": 2, "zUp": false,
                         "resultsAvailable": true, "nodes": [], "members": [],
                         "unlistedMembers": [], "names": {"1": "A", "1x": "B"},
+                        "recordedFor": {"all": true},
                         "primaryLoadCases": [], "loadCombinations": [], "displacements": {},
                         "endForces": {})")
                     .cautions,

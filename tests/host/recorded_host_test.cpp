@@ -8,6 +8,7 @@
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -116,6 +117,72 @@ TEST_F(RecordedHostTest, AnswersZerosForWhatIsNotListed) {
     zerosAfter([&](SixDoubles& six) { host.GetNodeDisplacements(2, 3, six); });
     zerosAfter([&](SixDoubles& six) { host.GetNodeDisplacements(1, 77, six); });
     zerosAfter([&](SixDoubles& six) { host.GetMemberEndForces(7, 0, 101, six); });
+}
+
+// Node 1 and both ends of member 7 under load case 1 are not listed; node 2 is supported.
+TEST_F(RecordedHostTest, CountsTheQuestionsThatWereAnsweredWithUnlistedZeros) {
+    SixDoubles six;
+    host.GetNodeDisplacements(1, 3, six);
+    host.GetMemberEndForces(7, 0, 3, six);
+    EXPECT_EQ(0u, host.UnlistedAnswers());
+    host.GetNodeDisplacements(1, 1, six);
+    EXPECT_EQ(1u, host.UnlistedAnswers());
+    host.GetMemberEndForces(7, 0, 1, six);
+    host.GetMemberEndForces(7, 1, 1, six);
+    host.GetMemberEndForces(7, 1, 101, six);
+    EXPECT_EQ(4u, host.UnlistedAnswers());
+}
+
+TEST_F(RecordedHostTest, CountsAQuestionOnce) {
+    SixDoubles six;
+    for (int i = 0; i < 3; ++i)
+        host.GetNodeDisplacements(1, 1, six);
+    EXPECT_EQ(1u, host.UnlistedAnswers());
+}
+
+TEST_F(RecordedHostTest, DoesNotCountSupportedNodesAndLoadCasesThatTheModelDoesNotHave) {
+    SixDoubles six;
+    host.GetNodeDisplacements(2, 1, six);
+    host.GetNodeDisplacements(1, 77, six);
+    host.GetMemberEndForces(7, 0, 77, six);
+    EXPECT_EQ(0u, host.UnlistedAnswers());
+}
+
+TEST_F(RecordedHostTest, ARecordingDoesNotAnswerWhatItWasNotAsked) {
+    model.recordedFor = RecordedFor{false, "tower.csv", std::string(64, 'a')};
+    SixDoubles six;
+    EXPECT_EQ(
+        "GetNodeDisplacements: the recording does not hold the displacements of node 2 under load "
+        "case 101, because it was made for the input file tower.csv; record again with this run's "
+        "input file, or with record --all for every input file",
+        Failure([&] { host.GetNodeDisplacements(2, 101, six); }));
+    EXPECT_THAT(Failure([&] { host.GetMemberEndForces(7, 1, 1, six); }),
+                StartsWith("GetMemberEndForces: the recording does not hold the forces at the end "
+                           "(1) of member 7 under load case 1, because"));
+    EXPECT_EQ("", Failure([&] { host.GetNodeDisplacements(1, 3, six); }));
+    EXPECT_EQ((SixDoubles{1, 2, 3, 4, 5, 6}), six);
+    EXPECT_EQ(0u, host.UnlistedAnswers());
+}
+
+// The host that was recorded had no such results either.
+TEST_F(RecordedHostTest, ARecordingAnswersZerosUnderALoadCaseThatTheModelDoesNotHave) {
+    model.recordedFor = RecordedFor{false, "tower.csv", std::string(64, 'a')};
+    SixDoubles six = kUntouched;
+    host.GetNodeDisplacements(1, 2, six);
+    EXPECT_EQ(SixDoubles{}, six);
+}
+
+TEST_F(RecordedHostTest, ARecordingOfEverythingThatLacksAnAnswerHasBeenChanged) {
+    model.recordedFor = RecordedFor{true, {}, {}};
+    SixDoubles six;
+    EXPECT_THAT(Failure([&] { host.GetNodeDisplacements(2, 101, six); }),
+                HasSubstr("the file has been changed; record again with record --all"));
+}
+
+TEST_F(RecordedHostTest, ANameWithLineEndsMakesNoLinesInTheText) {
+    model.recordedFor = RecordedFor{false, "a\nb", std::string(64, 'a')};
+    SixDoubles six;
+    EXPECT_THAT(Failure([&] { host.GetNodeDisplacements(2, 101, six); }), HasSubstr("file a b;"));
 }
 
 TEST_F(RecordedHostTest, AnUnknownNodeIsAFailedCallThatNamesIt) {

@@ -44,16 +44,6 @@ TEST(AnswerTable, ASecondAnswerReplacesTheFirst) {
     EXPECT_EQ(1u, table.size());
 }
 
-TEST(AnswerTable, AddsAnAnswerOnlyWhereThereIsNone) {
-    AnswerTable table;
-    EXPECT_TRUE(table.Add(700, 1, kOne));
-    EXPECT_FALSE(table.Add(700, 1, kTwo));
-    EXPECT_TRUE(table.Add(700, 2, kTwo));
-    EXPECT_EQ(kOne, *table.Find(700, 1));
-    EXPECT_EQ(kTwo, *table.Find(700, 2));
-    EXPECT_EQ(2u, table.size());
-}
-
 #ifdef __linux__
 
 // Memory of this process in use now, bytes.

@@ -113,6 +113,43 @@ RecordingGivesTheReportsOfTheLiveRun() {
     done
 }
 
+# The two runs differ in their earthquake cases, of which the recording has one only.
+RecordingIsForItsInputFileOnlyWhereverItIsChecked() {
+    cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
+    sed 's/^EarthquakeLoadCaseNumber,2,3,/EarthquakeLoadCaseNumber,3,2,/' two_story_y_up.csv >turned.csv
+    sed 's/^EarthquakeLoadCaseNumber,2,3,/EarthquakeLoadCaseNumber,2,101,/' two_story_y_up.csv >other.csv
+    start_host two_story_y_up.qhm
+    cli record two_story_y_up.csv recording.qhm >out || fail "nothing was recorded: $(cat out)"
+    stop_host
+    expect_line '"recordedFor": {"input":"two_story_y_up.csv","sha256":"' recording.qhm
+    expect_line "$(sha256sum two_story_y_up.csv | cut -d' ' -f1)" recording.qhm
+    cli check recording.qhm other.csv >out 2>err
+    expect_code 1 $?
+    expect_line 'because it was made for the input file two_story_y_up.csv; record again' err
+    start_host recording.qhm
+    cli check turned.csv >out || fail "what both runs ask for was not answered"
+    cli check other.csv >out 2>err
+    expect_code 1 $?
+    stop_host
+    expect_line 'because it was made for the input file two_story_y_up.csv; record again' err
+    expect_line 'record --all' err
+}
+
+RecordingOfEverythingIsForEveryInputFile() {
+    cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
+    sed 's/^EarthquakeLoadCaseNumber,2,3,/EarthquakeLoadCaseNumber,2,101,/' two_story_y_up.csv >other.csv
+    cli check two_story_y_up.qhm other.csv >out || fail "the run ended early"
+    mv two_story_y_up.aijR2Result.csv direct.csv
+    start_host two_story_y_up.qhm
+    cli record --all two_story_y_up.csv everything.qhm >out 2>err ||
+        fail "nothing was recorded: $(cat err)"
+    stop_host
+    expect_same err /dev/null # progress is for terminals
+    expect_line '"recordedFor": {"all":true}' everything.qhm
+    cli check everything.qhm other.csv >out || fail "the recorded run ended early"
+    expect_same direct.csv everything.aijR2Result.csv
+}
+
 EachQuestionReachesTheHostOnce() {
     cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
     start_host two_story_y_up.qhm --count-calls counts.txt

@@ -163,6 +163,26 @@ TEST_F(SampleHostObjects, FailForANodeThatTheModelDoesNotHave) {
     }
 }
 
+TEST_F(SampleHostObjects, FailWhereARecordingWasNotAsked) {
+    RecordedModel model = SmallModel();
+    model.recordedFor = RecordedFor{false, "tower.csv", std::string(64, 'a')};
+    HostLink other;
+    other.ConnectTo(MakeSampleHost(std::move(model), std::nullopt, meter).Get());
+    SixDoubles values{};
+    other.GetNodeDisplacements(10, 3, values);
+    EXPECT_THAT(values, ElementsAre(0.1, 0.2, 0.3, 0.4, 0.5, 0.6));
+    try {
+        other.GetMemberEndForces(7, 0, 3, values);
+        FAIL() << "an answer that was not recorded was given";
+    } catch (const HostCallError& error) {
+        EXPECT_EQ(DISP_E_EXCEPTION, error.status());
+        EXPECT_THAT(error.what(),
+                    HasSubstr("does not hold the forces at the start (0) of member 7 under load "
+                              "case 3, because it was made for the input file tower.csv; record "
+                              "again with this run's input file, or with record --all"));
+    }
+}
+
 TEST_F(SampleHostObjects, RefuseUnknownIdentifiers) {
     EXPECT_EQ(DISP_E_MEMBERNOTFOUND, Invoke(root.Get(), 999, DISPATCH_METHOD, {}));
     EXPECT_EQ(DISP_E_MEMBERNOTFOUND, Invoke(root.Get(), 999, DISPATCH_PROPERTYGET, {}));
