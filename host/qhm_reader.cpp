@@ -19,8 +19,7 @@ namespace {
 
 constexpr const char* kFormat = "quarnel-host-model";
 constexpr const char* kExpectedFormat = "expected \"quarnel-host-model\"";
-constexpr const char* kExpectedVersion = "expected the number 1";
-constexpr std::int32_t kVersion = 1;
+constexpr const char* kExpectedVersion = "expected the number 1 or 2";
 
 constexpr std::size_t kMostCautions = 10;  // about unknown keys
 
@@ -189,14 +188,15 @@ private:
     void ReadUnlistedMembers();
     std::vector<std::int32_t> ReadLoadCases();
     void ReadDisplacements();
-    void ReadEndForces();
+    void ReadEndForces(std::array<AnswersByNumber, 2>& forces);
     void PassOver(const std::string& key);
     void RequireHead() const;
     void Complete();
 
     JsonReader json_;
     bool hasFormat_ = false;
-    bool hasVersion_ = false;
+    std::optional<std::int32_t> version_;
+    bool hasGlobalForces_ = false;
     std::size_t unknownKeys_ = 0;
     QhmContents contents_;
     RecordedModel& model_ = contents_.model;
@@ -205,6 +205,9 @@ private:
     std::array<AnswersByNumber, 2> endForces_{
         AnswersByNumber{model_, &RecordedModel::FindMember, model_.endForces[0]},
         AnswersByNumber{model_, &RecordedModel::FindMember, model_.endForces[1]}};
+    std::array<AnswersByNumber, 2> endForcesGlobal_{
+        AnswersByNumber{model_, &RecordedModel::FindMember, model_.endForcesGlobal[0]},
+        AnswersByNumber{model_, &RecordedModel::FindMember, model_.endForcesGlobal[1]}};
 };
 
 const QhmReader::Section QhmReader::kSections[] = {
@@ -221,7 +224,12 @@ const QhmReader::Section QhmReader::kSections[] = {
     {"primaryLoadCases", [](QhmReader& r) { r.model_.primaryLoadCases = r.ReadLoadCases(); }},
     {"loadCombinations", [](QhmReader& r) { r.model_.loadCombinations = r.ReadLoadCases(); }},
     {"displacements", [](QhmReader& r) { r.ReadDisplacements(); }},
-    {"endForces", [](QhmReader& r) { r.ReadEndForces(); }},
+    {"endForces", [](QhmReader& r) { r.ReadEndForces(r.endForces_); }},
+    {"endForcesGlobal",
+     [](QhmReader& r) {
+         r.hasGlobalForces_ = true;
+         r.ReadEndForces(r.endForcesGlobal_);
+     }},
     {"names", [](QhmReader& r) { r.json_.Skip(); }},
 };
 
@@ -252,9 +260,9 @@ void QhmReader::ReadFormat() {
 }
 
 void QhmReader::ReadVersion() {
-    if (!json_.IsNext(JsonToken::Kind::kInteger) || json_.ReadNumber() != kVersion)
-        json_.Fail(kExpectedVersion);
-    hasVersion_ = true;
+    if (!json_.IsNext(JsonToken::Kind::kInteger)) json_.Fail(kExpectedVersion);
+    version_ = json_.ReadInteger();
+    if (version_ != 1 && version_ != 2) json_.Fail(kExpectedVersion);
 }
 
 void QhmReader::ReadModelPath() {
@@ -321,12 +329,12 @@ void QhmReader::ReadDisplacements() {
     });
 }
 
-void QhmReader::ReadEndForces() {
-    json_.ReadNumberedObject("load case", [this](std::int32_t loadCase) {
-        json_.ReadNumberedObject("member", [this, loadCase](std::int32_t member) {
+void QhmReader::ReadEndForces(std::array<AnswersByNumber, 2>& forces) {
+    json_.ReadNumberedObject("load case", [&](std::int32_t loadCase) {
+        json_.ReadNumberedObject("member", [&](std::int32_t member) {
             const auto ends = ReadBothEnds(json_);
             for (std::size_t end = 0; end < ends.size(); ++end)
-                endForces_[end].Store(member, loadCase, ends[end]);
+                forces[end].Store(member, loadCase, ends[end]);
         });
     });
 }
@@ -342,7 +350,10 @@ void QhmReader::PassOver(const std::string& key) {
 
 void QhmReader::RequireHead() const {
     if (!hasFormat_) json_.Fail(std::string("expected the key \"format\", \"") + kFormat + "\"");
-    if (!hasVersion_) json_.Fail("expected the key \"version\", the number 1");
+    if (!version_) json_.Fail("expected the key \"version\", the number 1 or 2");
+    // Readers that know version 1 only pass over this key, and would find no forces.
+    if (hasGlobalForces_ && version_ == 1)
+        json_.Fail("endForcesGlobal: expected in a file of \"version\" 2 only; this one says 1");
 }
 
 void QhmReader::Complete() {
@@ -352,8 +363,12 @@ void QhmReader::Complete() {
     for (const RecordedMember& member : unlistedMembers_)
         Admit(member, model_);
     displacements_.AdmitThoseWaiting();
-    for (AnswersByNumber& ofEnd : endForces_)
-        ofEnd.AdmitThoseWaiting();
+    for (auto* const forces : {&endForces_, &endForcesGlobal_})
+        for (AnswersByNumber& ofEnd : *forces)
+            ofEnd.AdmitThoseWaiting();
+    if (const auto member = model_.MemberWithBothKindsOfForces())
+        json_.Fail("endForcesGlobal: member " + std::to_string(*member) +
+                   " stands in \"endForces\", too; a member is expected in one of both only");
     const auto count = [](const auto& list) { return static_cast<std::int32_t>(list->size()); };
     model_.nodeCount = count(model_.nodeList);
     model_.memberCount = count(model_.memberList);

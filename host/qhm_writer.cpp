@@ -51,7 +51,7 @@ private:
     void WriteMember(const RecordedMember& member);
     void WriteLoadCases(const char* key, const std::optional<std::vector<std::int32_t>>& list);
     void WriteDisplacements();
-    void WriteEndForces();
+    void WriteEndForces(const char* key, const std::array<AnswerTable, 2>& forces);
     void WriteBothEnds(std::int32_t member, std::int32_t loadCase, const SixDoubles* start,
                        const SixDoubles* end);
 
@@ -71,7 +71,13 @@ private:
 };
 
 void QhmWriter::Write() {
-    json_.Put("{\n \"format\": \"quarnel-host-model\",\n \"version\": 1");
+    if (const auto member = model_.MemberWithBothKindsOfForces())
+        throw NotWritable(MemberName(*member) +
+                          " has end forces along its own and along the global axes");
+    const bool hasGlobalForces =
+        model_.endForcesGlobal[0].size() + model_.endForcesGlobal[1].size() > 0;
+    json_.Put("{\n \"format\": \"quarnel-host-model\",\n \"version\": ");
+    json_.PutInteger(hasGlobalForces ? 2 : 1);
     WriteRecordedFor();
     WriteModelPath();
     Key("baseUnitSystem");
@@ -86,7 +92,8 @@ void QhmWriter::Write() {
     WriteLoadCases("primaryLoadCases", model_.primaryLoadCases);
     WriteLoadCases("loadCombinations", model_.loadCombinations);
     WriteDisplacements();
-    WriteEndForces();
+    WriteEndForces("endForces", model_.endForces);
+    if (hasGlobalForces) WriteEndForces("endForcesGlobal", model_.endForcesGlobal);
     json_.Put("\n}\n");
     json_.Flush();
 }
@@ -242,19 +249,19 @@ void QhmWriter::WriteDisplacements() {
     });
 }
 
-void QhmWriter::WriteEndForces() {
+void QhmWriter::WriteEndForces(const char* key, const std::array<AnswerTable, 2>& forces) {
     std::set<std::int32_t> loadCases;
-    for (const AnswerTable& ofEnd : model_.endForces)
+    for (const AnswerTable& ofEnd : forces)
         for (const std::int32_t loadCase : ofEnd.LoadCases())
             loadCases.insert(loadCase);
 
-    Key("endForces");
-    Table("{}", loadCases, [this](std::int32_t loadCase) {
+    Key(key);
+    Table("{}", loadCases, [&](std::int32_t loadCase) {
         NumberedKey(loadCase);
         const char* separator = " {";
         for (std::size_t i = 0; i < model_.members.size(); ++i) {
-            const SixDoubles* const start = model_.endForces[0].Find(i, loadCase);
-            const SixDoubles* const end = model_.endForces[1].Find(i, loadCase);
+            const SixDoubles* const start = forces[0].Find(i, loadCase);
+            const SixDoubles* const end = forces[1].Find(i, loadCase);
             if (start == nullptr && end == nullptr) continue;
             json_.Put(separator);
             separator = ",";

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/global_forces.h"
+#include "host/units.h"
 #include "platform/one_line.h"
 
 namespace {
 
+constexpr std::int32_t kEnglishUnitSystem = 1;
 constexpr std::int32_t kFailed = static_cast<std::int32_t>(0x80004005);  // E_FAIL
 
 [[noreturn]] void Fail(const char* query, const std::string& why) {
@@ -154,11 +157,51 @@ std::int16_t RecordedHost::GetMemberEndForces(std::int32_t member, std::int32_t 
     constexpr const char* kQuery = "GetMemberEndForces";
     const std::size_t position = MemberPosition(member, kQuery);
     if (end != 0 && end != 1) Fail(kQuery, "end " + std::to_string(end) + " is neither 0 nor 1");
-    const AnswerTable& ofEnd = model_.endForces[static_cast<std::size_t>(end)];
-    const SixDoubles* const answer = ofEnd.Find(position, loadCase);
-    const Quantity quantity = end == 0 ? Quantity::kForcesAtStart : Quantity::kForcesAtEnd;
-    forces = answer != nullptr ? *answer : Unlisted(quantity, position, loadCase);
+    const auto place = static_cast<std::size_t>(end);
+    if (const SixDoubles* const answer = model_.endForces[place].Find(position, loadCase))
+        forces = *answer;
+    else if (const SixDoubles* const global =
+                 model_.endForcesGlobal[place].Find(position, loadCase))
+        forces = TurnedForces(position, *global);
+    else
+        forces = Unlisted(end == 0 ? Quantity::kForcesAtStart : Quantity::kForcesAtEnd, position,
+                          loadCase);
     return 1;
+}
+
+SixDoubles RecordedHost::TurnedForces(std::size_t memberPosition, const SixDoubles& global) {
+    const auto forces = AlongMemberAxes(global, AxesOf(memberPosition));
+    if (!forces)
+        Fail("GetMemberEndForces",
+             "the forces of member " + std::to_string(model_.members[memberPosition].number) +
+                 " are recorded along the global axes and cannot be told along its own, which lie "
+                 "in one plane, as those of a level member at 45 degrees to both plan axes do "
+                 "where Z is vertical; record them along its own axes (\"endForces\")");
+    return *forces;
+}
+
+const MemberAxes& RecordedHost::AxesOf(std::size_t memberPosition) {
+    constexpr const char* kQuery = "GetMemberEndForces";
+    if (axes_.size() < model_.members.size()) axes_.resize(model_.members.size());
+    std::optional<MemberAxes>& axes = axes_[memberPosition];
+    if (axes) return *axes;
+    const RecordedMember& member = model_.members[memberPosition];
+    const RecordedMember::EndNodes& ends = Answered(member.endNodes, kQuery);
+    axes = FormMemberAxes(PointOf(ends.start), PointOf(ends.end), Answered(member.beta, kQuery),
+                          Answered(model_.zUp, kQuery));
+    if (!axes)
+        Fail(kQuery, "the forces of member " + std::to_string(member.number) +
+                         " are recorded along the global axes and cannot be told along its own, "
+                         "because it has no length");
+    return *axes;
+}
+
+Vec3 RecordedHost::PointOf(std::int32_t node) const {
+    constexpr const char* kQuery = "GetMemberEndForces";
+    const auto& xyz = Answered(Node(node, kQuery).xyz, kQuery);
+    const bool isInch = Answered(model_.baseUnitSystem, kQuery) == kEnglishUnitSystem;
+    const double factor = isInch ? kMillimetresPerInch : kMillimetresPerMetre;
+    return {xyz[0] * factor, xyz[1] * factor, xyz[2] * factor};
 }
 
 SixDoubles RecordedHost::Unlisted(Quantity quantity, std::size_t position, std::int32_t loadCase) {

@@ -3,10 +3,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/host_queries.h"
+#include "host/member_axes.h"
 #include "host/number_positions.h"
 #include "host/recorded_model.h"
 
@@ -17,6 +19,10 @@
 /// zeros, as is everything under a load case that the model does not have. But where the model says
 /// which run it was recorded for, a missing answer about its own load cases is a failed call, whose
 /// text says what was asked, for which input file the recording was made and how to make another.
+///
+/// Forces that are recorded along the global axes are turned into the member's own axes, as the run
+/// forms them from the model's coordinates in mm. Where these axes lie in one plane
+/// (host/global_forces.h), the question is a failed call.
 class RecordedHost : public HostQueries {
 public:
     /// Borrows `model`, which must outlive the host. `modelFilePath` is what GetModelFilePath
@@ -62,6 +68,10 @@ private:
     const RecordedNode& Node(std::int32_t number, const char* query) const;
     const RecordedMember& Member(std::int32_t number, const char* query) const;
 
+    SixDoubles TurnedForces(std::size_t memberPosition, const SixDoubles& global);
+    const MemberAxes& AxesOf(std::size_t memberPosition);
+    Vec3 PointOf(std::int32_t node) const;  ///< mm
+
     void CountUnlisted(Quantity quantity, std::size_t position, std::size_t loadCasePosition);
     [[noreturn]] void FailUnlisted(Quantity quantity, std::size_t position,
                                    std::int32_t loadCase) const;
@@ -72,4 +82,5 @@ private:
     std::size_t loadCaseCount_ = 0;
     std::array<std::vector<std::vector<bool>>, 3> unlisted_;  ///< quantity, load case, position
     std::size_t unlistedAnswers_ = 0;
+    std::vector<std::optional<MemberAxes>> axes_;  ///< of the members asked about, by position
 };

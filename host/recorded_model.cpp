@@ -19,6 +19,15 @@ std::size_t AddRecord(NumberPositions& positions, std::vector<Record>& records,
     return position;
 }
 
+bool HoldsAny(const std::array<AnswerTable, 2>& tables, std::size_t position) {
+    return std::ranges::any_of(tables, [position](const AnswerTable& table) {
+        const std::vector<std::int32_t> loadCases = table.LoadCases();
+        return std::ranges::any_of(loadCases, [&](std::int32_t loadCase) {
+            return table.Find(position, loadCase) != nullptr;
+        });
+    });
+}
+
 }  // namespace
 
 const SixDoubles* AnswerTable::Find(std::size_t position, std::int32_t loadCase) const {
@@ -80,4 +89,10 @@ std::size_t RecordedModel::AddNode(std::int32_t number) {
 
 std::size_t RecordedModel::AddMember(std::int32_t number) {
     return AddRecord(memberPositions_, members, number);
+}
+
+std::optional<std::int32_t> RecordedModel::MemberWithBothKindsOfForces() const {
+    for (std::size_t i = 0; i < members.size(); ++i)
+        if (HoldsAny(endForcesGlobal, i) && HoldsAny(endForces, i)) return members[i].number;
+    return std::nullopt;
 }

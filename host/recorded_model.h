@@ -103,6 +103,13 @@ public:
     AnswerTable displacements;             ///< by position in nodes
     std::array<AnswerTable, 2> endForces;  ///< [0] start, [1] end; by position in members
 
+    /// The same with forces along the global axes, as they come from elsewhere than a host. A
+    /// member has answers in one of both only.
+    std::array<AnswerTable, 2> endForcesGlobal;
+
+    /// Number of a member that has answers in both all the same.
+    std::optional<std::int32_t> MemberWithBothKindsOfForces() const;
+
     /// Position in `nodes` or `members`; a number that is not there has none.
     std::optional<std::size_t> FindNode(std::int32_t number) const;
     std::optional<std::size_t> FindMember(std::int32_t number) const;

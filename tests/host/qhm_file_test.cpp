@@ -201,7 +201,8 @@ TEST_F(QhmFile, EveryFaultIsOneLineWithFilePlaceAndExpectation) {
         {R"({"format": "quarnel-host-model"})", "version"},
         {R"({"format": "another", "version": 1})", "format: "},
         {R"({"format": 1, "version": 1})", "format: "},
-        {R"({"format": "quarnel-host-model", "version": 2})", "version: "},
+        {R"({"format": "quarnel-host-model", "version": 3})", "version: "},
+        {R"({"format": "quarnel-host-model", "version": 0})", "version: "},
         {R"({"format": "quarnel-host-model", "version": "1"})", "version: "},
         {R"({"format": "quarnel-host-model", "version": 1.0})", "version: "},
         {R"([1, 2])", "object"},
@@ -316,6 +317,67 @@ TEST_F(QhmFile, WhatItWasRecordedForIsReadBackTheSame) {
         EXPECT_EQ(purpose.inputName, back.recordedFor->inputName);
         EXPECT_EQ(purpose.inputSha256, back.recordedFor->inputSha256);
     }
+}
+
+TEST_F(QhmFile, ForcesAlongTheGlobalAxesNeedVersionTwo) {
+    const std::string forces =
+        R"("members": [{"number": 7, "start": 1, "end": 2}],
+           "endForcesGlobal": {"3": {"7": [[1,2,3,4,5,6], [6,5,4,3,2,1]]}})";
+    const RecordedModel model =
+        Read(R"({"format": "quarnel-host-model", )" + forces + R"(, "version": 2})");
+    EXPECT_EQ((SixDoubles{1, 2, 3, 4, 5, 6}), *model.endForcesGlobal[0].Find(0, 3));
+    EXPECT_EQ((SixDoubles{6, 5, 4, 3, 2, 1}), *model.endForcesGlobal[1].Find(0, 3));
+    EXPECT_EQ(nullptr, model.endForces[0].Find(0, 3));
+    EXPECT_THAT(Error(Model(forces)),
+                IsOneLineAbout(folder.Path("tower.qhm"), "endForcesGlobal: "));
+    EXPECT_THAT(Error(Model(forces)), HasSubstr("\"version\" 2 only; this one says 1"));
+}
+
+TEST_F(QhmFile, VersionTwoMayHoldForcesAlongOwnAxesOnly) {
+    EXPECT_EQ("", Error(R"({"format": "quarnel-host-model", "version": 2})"));
+}
+
+TEST_F(QhmFile, FaultsOfForcesAlongTheGlobalAxesHaveTheirPlace) {
+    EXPECT_THAT(Error(Model(R"("endForcesGlobal": {"3": {"7": [[1,2,3,4,5,6], [6,5,4,3,2]]}})")),
+                IsOneLineAbout(folder.Path("tower.qhm"), "endForcesGlobal.3.7[1]: "));
+}
+
+// In different load cases, too: a member's forces are given along one kind of axes.
+TEST_F(QhmFile, AMemberWithForcesAlongOwnAndAlongGlobalAxesIsRefused) {
+    const std::string six = "[0,0,0,0,0,0]", ends = "[" + six + "," + six + "]";
+    const auto text = [&](int other) {
+        return R"({"format": "quarnel-host-model", "version": 2,
+                   "members": [{"number": 7, "start": 1, "end": 2},
+                               {"number": 8, "start": 1, "end": 2}],
+                   "endForces": {"3": {"7": )" +
+               ends + R"(}}, "endForcesGlobal": {"4": {")" + std::to_string(other) + "\": " + ends +
+               "}}}";
+    };
+    EXPECT_THAT(Error(text(7)),
+                IsOneLineAbout(folder.Path("tower.qhm"),
+                               "endForcesGlobal: member 7 stands in \"endForces\""));
+    EXPECT_EQ("", Error(text(8)));
+}
+
+TEST_F(QhmFile, ForcesAlongTheGlobalAxesMakeAFileOfVersionTwo) {
+    RecordedModel model = SmallModel();
+    WriteQhmFile(model, folder.Path("tower.qhm"));
+    EXPECT_THAT(folder.Read("tower.qhm"),
+                AllOf(HasSubstr("\"version\": 1,"), Not(HasSubstr("endForcesGlobal"))));
+    model.endForcesGlobal = std::exchange(model.endForces, {});
+    WriteQhmFile(model, folder.Path("tower.qhm"));
+    EXPECT_THAT(folder.Read("tower.qhm"), HasSubstr("\"version\": 2,"));
+    const RecordedModel back = ReadQhmFile(folder.Path("tower.qhm"));
+    EXPECT_EQ((SixDoubles{-12.5, 3, 0.25, 1, 2, 3}), *back.endForcesGlobal[0].Find(0, 101));
+    EXPECT_EQ((SixDoubles{12.5, -3, -0.25, 4, 5, 6}), *back.endForcesGlobal[1].Find(0, 101));
+    EXPECT_EQ(0u, back.endForces[0].size());
+}
+
+TEST_F(QhmFile, AMemberWithBothKindsOfForcesIsNotWritten) {
+    RecordedModel model = SmallModel();
+    model.endForcesGlobal[0].Store(0, 2, {});
+    EXPECT_THAT(WriteError(model, folder.Path("tower.qhm")), HasSubstr("member 7 has end forces"));
+    EXPECT_FALSE(folder.Has("tower.qhm"));
 }
 
 TEST_F(QhmFile, NumbersBeyondThirtyTwoBitsAreRefusedWithTheirPlace) {
