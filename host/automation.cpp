@@ -172,7 +172,10 @@ HostArray::~HostArray() {
 
 void HostArray::Create(VARTYPE elementType, std::size_t count) {
     ThrowIfFailed(Destroy(), "an array lent to the host cannot be taken back");
-    if (count > static_cast<std::size_t>(LONG_MAX)) throw std::bad_alloc();
+    // Larger ones are created too small: their bytes are counted in 32 bits. A VARIANT is the
+    // largest element there is.
+    constexpr std::size_t kMostElements = static_cast<std::size_t>(LONG_MAX) / sizeof(VARIANT);
+    if (count > kMostElements) throw std::bad_alloc();
     array_ = SafeArrayCreateVector(elementType, 0, static_cast<ULONG>(count));
     if (array_ == nullptr) throw std::bad_alloc();
     array_->fFeatures |= FADF_HAVEVARTYPE;

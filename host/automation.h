@@ -75,7 +75,8 @@ private:
 /// A one-dimensional, zero-based SAFEARRAY for the host to fill or replace.
 class HostArray {
 public:
-    /// Throws std::bad_alloc when the array cannot be created.
+    /// Throws std::bad_alloc when the array cannot be created; it can have some ten million
+    /// elements.
     HostArray(VARTYPE elementType, std::size_t count);
     ~HostArray();
     HostArray(const HostArray&) = delete;

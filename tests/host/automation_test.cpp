@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <new>
 
 #include "tests/support/com_apartment.h"
 #include "tests/support/com_memory.h"
@@ -380,6 +381,15 @@ TEST(HostArray, PassesItselfByReferenceUnderTheTypeThatItsFlagsTell) {
         HostArray array(c.elements, 2);
         EXPECT_EQ(c.expected, V_VT(&static_cast<const VARIANT&>(array.ByReference())));
     }
+}
+
+// 2^31 - 1 numbers are 8.6 GB, of which an array counts the last 32 bits only.
+TEST(HostArray, OfMoreThanItCanHoldIsRefused) {
+    EXPECT_THROW(HostArray(VT_I4, 2147483647), std::bad_alloc);
+    EXPECT_THROW(HostArray(VT_I4, 1073741824 + 5), std::bad_alloc);
+    EXPECT_THROW(HostArray(VT_R8, static_cast<std::size_t>(-1)), std::bad_alloc);
+    HostArray array(VT_I4, 1);
+    EXPECT_THROW(array.Create(VT_I4, 2147483647), std::bad_alloc);
 }
 
 TEST(HostArray, GivesBackWhatWasCopiedIn) {
