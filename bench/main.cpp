@@ -22,6 +22,7 @@ constexpr BuildingSize kPlainSizes[] = {{1000, 10, 5}, {5000, 20, 20}, kLarge};
 constexpr BuildingSize kSizes[] = {
     {1000, 10, 5},   {5000, 20, 20},  kLarge,          {10000, 40, 60}, {40000, 40, 60},
     {20000, 10, 60}, {20000, 20, 60}, {20000, 60, 60}, {20000, 40, 5},  {20000, 40, 30}};
+constexpr BuildingSize kModelFileSizes[] = {{1000, 10, 5}, {5000, 20, 20}, kLarge};
 constexpr Growth kGrowths[] = {
     {"members 10,000 to 20,000", {10000, 40, 60}, kLarge},
     {"members 20,000 to 40,000", kLarge, {40000, 40, 60}},
@@ -72,6 +73,25 @@ void RegisterRun(Measurements& measurements, const BuildingSize& size, Way way) 
     }
 }
 
+void RegisterModelFile(Measurements& measurements, const BuildingSize& size) {
+    struct Part {
+        const char* name;
+        double ModelFileUsage::*seconds;
+        double ModelFileUsage::*peak;
+    };
+    constexpr Part kParts[] = {
+        {"read", &ModelFileUsage::secondsOfReading, &ModelFileUsage::peakOfReading},
+        {"write", &ModelFileUsage::secondsOfWriting, &ModelFileUsage::peakOfWriting},
+        {"as a tree", &ModelFileUsage::secondsOfTree, &ModelFileUsage::peakOfTree},
+    };
+    for (const Part& part : kParts)
+        Register(NameOf(size, Way::kProduct) + "model file/" + part.name,
+                 [&measurements, size, part] {
+                     const ModelFileUsage& usage = measurements.ModelFileOf(size);
+                     return Usage{usage.*part.seconds, usage.*part.peak, 0, 0, 0};
+                 });
+}
+
 void RunBenchmarks(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) throw std::runtime_error("see --help");
@@ -80,8 +100,11 @@ void RunBenchmarks(int argc, char** argv) {
         RegisterRun(measurements, size, Way::kProduct);
     for (const BuildingSize& size : kPlainSizes)
         RegisterRun(measurements, size, Way::kPlain);
+    for (const BuildingSize& size : kModelFileSizes)
+        RegisterModelFile(measurements, size);
     benchmark::RunSpecifiedBenchmarks();
     PrintRatios(measurements, kSizes, kLarge, kGrowths);
+    PrintModelFiles(measurements, kModelFileSizes);
 }
 
 }  // namespace

@@ -1,43 +1,21 @@
 #include "bench/measured_run.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
 #include <stdexcept>
 #include <utility>
 
+#include "bench/bench_folder.h"
 #include "bench/plain/plain_run.h"
 #include "bench/process_usage.h"
 #include "bench/question_counter.h"
 #include "compute/compute_run.h"
+#include "host/recorded_host.h"
 #include "host/remembering_host.h"
 
 namespace {
-
-// A folder for the reports of a run.
-class ReportFolder {
-public:
-    ReportFolder()
-        : path_(std::filesystem::temp_directory_path() /
-                ("quarnel-bench-" + std::to_string(getpid()))) {
-        std::filesystem::create_directories(path_);
-    }
-    ~ReportFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    ReportFolder(const ReportFolder&) = delete;
-    ReportFolder& operator=(const ReportFolder&) = delete;
-
-    std::string Path(const char* name) const { return (path_ / name).string(); }
-
-private:
-    std::filesystem::path path_;
-};
 
 std::string ReadText(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
@@ -95,19 +73,19 @@ struct Making {
 class MeasuredBuilding {
 public:
     MeasuredBuilding(const BuildingSize& size, const Making& making)
-        : building_(size, folder_.Path("tower.qhm")), making_(making) {
-        std::ofstream(folder_.Path("input.csv")) << building_.InputFileText();
+        : building_(MakeRegularBuilding(size)), making_(making) {
+        std::ofstream(folder_.Path("input.csv")) << building_.inputText;
     }
 
     RunUsage Run() {
-        RememberingHost remembering(building_);
-        return Run(making_.remembers ? Host(remembering) : building_, [] {
+        RememberingHost remembering(host_);
+        return Run(making_.remembers ? Host(remembering) : host_, [] {
             return Usage{ProcessorSeconds(), PeakMegabytes(), 0, 0, 0};
         });
     }
 
     RunUsage RunCounting() {
-        QuestionCounter reached(building_);
+        QuestionCounter reached(host_);
         RememberingHost remembering(reached);
         QuestionCounter asked(making_.remembers ? Host(remembering) : reached);
         return Run(asked, [&] {
@@ -129,8 +107,9 @@ private:
         return run;
     }
 
-    ReportFolder folder_;
+    BenchFolder folder_;
     RegularBuilding building_;
+    RecordedHost host_{building_.model, folder_.Path("tower.qhm")};
     Making making_;
 };
 

@@ -17,3 +17,13 @@ const RunUsage* Measurements::Find(const BuildingSize& size, Way way) const {
     const auto found = runs_.find(KeyOf(size, way));
     return found == runs_.end() ? nullptr : &found->second;
 }
+
+const ModelFileUsage& Measurements::ModelFileOf(const BuildingSize& size) {
+    if (const ModelFileUsage* known = FindModelFile(size)) return *known;
+    return modelFiles_[KeyOf(size, Way::kProduct)] = MeasureModelFile(size, kRepetitions);
+}
+
+const ModelFileUsage* Measurements::FindModelFile(const BuildingSize& size) const {
+    const auto found = modelFiles_.find(KeyOf(size, Way::kProduct));
+    return found == modelFiles_.end() ? nullptr : &found->second;
+}

@@ -111,3 +111,20 @@ void PrintRatios(const Measurements& measurements, std::span<const BuildingSize>
     PrintSteps(measurements, detailed);
     PrintGrowths(measurements, growths);
 }
+
+void PrintModelFiles(const Measurements& measurements, std::span<const BuildingSize> sizes) {
+    std::printf(
+        "\n| members | stories | load cases | file MB | read ms | write ms | write / read | read "
+        "peak MB | as a tree ms | tree / read | tree peak MB |\n"
+        "|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|---:|\n");
+    for (const BuildingSize& size : sizes) {
+        const ModelFileUsage* const usage = measurements.FindModelFile(size);
+        if (usage == nullptr) continue;
+        const double reading = usage->secondsOfReading;
+        std::printf("| %d | %d | %d | %.1f | %.1f | %.1f | %.2f | %.0f | %.1f | %.1f | %.0f |\n",
+                    size.members, size.stories, size.loadCases, usage->megabytes, 1e3 * reading,
+                    1e3 * usage->secondsOfWriting, usage->secondsOfWriting / reading,
+                    usage->peakOfReading, 1e3 * usage->secondsOfTree,
+                    usage->secondsOfTree / reading, usage->peakOfTree);
+    }
+}

@@ -16,3 +16,6 @@ struct Growth {
 /// ways differ.
 void PrintRatios(const Measurements& measurements, std::span<const BuildingSize> sizes,
                  const BuildingSize& detailed, std::span<const Growth> growths);
+
+/// Prints what reading and writing model files takes, as far as it was measured.
+void PrintModelFiles(const Measurements& measurements, std::span<const BuildingSize> sizes);

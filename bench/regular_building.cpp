@@ -1,12 +1,14 @@
 #include "bench/regular_building.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
+#include <vector>
 
 namespace {
 
 constexpr std::int32_t kMetricUnitSystem = 2;
-constexpr std::int32_t kFailed = static_cast<std::int32_t>(0x80004005);  // E_FAIL
 
 constexpr std::int32_t kDeadLoad = 1;
 constexpr std::int32_t kEarthquakeX = 2;
@@ -65,28 +67,68 @@ std::int32_t PrimaryLoadCases(std::int32_t loadCases) {
     return std::max(kEarthquakeZ, loadCases * 2 / 3);
 }
 
-void FillFrom(std::int32_t first, std::span<std::int32_t> numbers) {
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-        numbers[i] = first + static_cast<std::int32_t>(i);
+std::vector<std::int32_t> NumbersFrom(std::int32_t first, std::int32_t count) {
+    std::vector<std::int32_t> numbers(static_cast<std::size_t>(count));
+    std::iota(numbers.begin(), numbers.end(), first);
+    return numbers;
 }
 
-}  // namespace
+// Makes the parts of one building, floor by floor.
+class Builder {
+public:
+    explicit Builder(const BuildingSize& size)
+        : size_(size),
+          columnsPerStory_(ColumnsFor(size.members / size.stories)),
+          columnsPerRow_(ColumnsPerRow(columnsPerStory_)) {}
 
-RegularBuilding::RegularBuilding(const BuildingSize& size, std::string modelPath)
-    : size_(size),
-      modelPath_(std::move(modelPath)),
-      columnsPerStory_(ColumnsFor(size.members / size.stories)),
-      columnsPerRow_(ColumnsPerRow(columnsPerStory_)) {
-    AddNodes();
-    const std::int32_t membersPerStory = size.members / size.stories;
-    const std::int32_t remainder = size.members % size.stories;
-    for (std::int32_t floor = 1; floor <= size.stories; ++floor) {
-        AddColumns(floor);
-        AddBeams(floor, membersPerStory - columnsPerStory_ + (floor <= remainder ? 1 : 0));
+    RegularBuilding Build();
+
+private:
+    struct Node {
+        double x, y, z;  // m
+        std::int32_t floor;
+    };
+    struct Member {
+        std::int32_t start, end;  // positions in nodes_
+        std::int32_t floor;       // the upper one of a column
+        bool isColumn;
+    };
+
+    void MakeNodes();
+    void MakeMembers();
+    void MakeColumns(std::int32_t floor);
+    void MakeBeams(std::int32_t floor, std::int32_t count);
+    std::int32_t NodeAt(std::int32_t floor, std::int32_t column) const {
+        return floor * columnsPerStory_ + column;
     }
+
+    void DescribeHost(RecordedModel& model) const;
+    void DescribeNodes(RecordedModel& model) const;
+    void DescribeMembers(RecordedModel& model) const;
+    SixDoubles Displacements(const Node& node, std::int32_t loadCase) const;
+    SixDoubles ForcesAtStart(const Member& column, std::int32_t loadCase) const;
+    std::string InputText() const;
+
+    BuildingSize size_;
+    std::int32_t columnsPerStory_;
+    std::int32_t columnsPerRow_;
+    std::vector<Node> nodes_;
+    std::vector<Member> members_;
+};
+
+RegularBuilding Builder::Build() {
+    MakeNodes();
+    MakeMembers();
+    RegularBuilding building;
+    building.columnsPerStory = columnsPerStory_;
+    building.inputText = InputText();
+    DescribeHost(building.model);
+    DescribeNodes(building.model);
+    DescribeMembers(building.model);
+    return building;
 }
 
-void RegularBuilding::AddNodes() {
+void Builder::MakeNodes() {
     for (std::int32_t floor = 0; floor <= size_.stories; ++floor) {
         for (std::int32_t column = 0; column < columnsPerStory_; ++column) {
             const std::int32_t row = column / columnsPerRow_;
@@ -96,7 +138,16 @@ void RegularBuilding::AddNodes() {
     }
 }
 
-void RegularBuilding::AddColumns(std::int32_t floor) {
+void Builder::MakeMembers() {
+    const std::int32_t membersPerStory = size_.members / size_.stories;
+    const std::int32_t remainder = size_.members % size_.stories;
+    for (std::int32_t floor = 1; floor <= size_.stories; ++floor) {
+        MakeColumns(floor);
+        MakeBeams(floor, membersPerStory - columnsPerStory_ + (floor <= remainder ? 1 : 0));
+    }
+}
+
+void Builder::MakeColumns(std::int32_t floor) {
     for (std::int32_t column = 0; column < columnsPerStory_; ++column) {
         const std::int32_t lower = NodeAt(floor - 1, column);
         const std::int32_t upper = NodeAt(floor, column);
@@ -107,14 +158,86 @@ void RegularBuilding::AddColumns(std::int32_t floor) {
     }
 }
 
-void RegularBuilding::AddBeams(std::int32_t floor, std::int32_t count) {
+void Builder::MakeBeams(std::int32_t floor, std::int32_t count) {
     const auto pairs = NeighboursOnGrid(columnsPerStory_, columnsPerRow_);
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
         members_.push_back(
             {NodeAt(floor, pairs[i].first), NodeAt(floor, pairs[i].second), floor, false});
 }
 
-std::string RegularBuilding::InputFileText() const {
+void Builder::DescribeHost(RecordedModel& model) const {
+    model.baseUnitSystem = kMetricUnitSystem;
+    model.zUp = false;
+    model.resultsAvailable = true;
+    model.primaryLoadCaseCount = PrimaryLoadCases(size_.loadCases);
+    model.loadCombinationCount = size_.loadCases - *model.primaryLoadCaseCount;
+    model.primaryLoadCases = NumbersFrom(kDeadLoad, *model.primaryLoadCaseCount);
+    model.loadCombinations = NumbersFrom(kFirstCombination, *model.loadCombinationCount);
+}
+
+void Builder::DescribeNodes(RecordedModel& model) const {
+    model.nodeList.emplace();
+    for (std::size_t i = 0; i < nodes_.size(); ++i) {
+        const std::int32_t number = NodeNumber(i);
+        model.nodeList->push_back(number);
+        RecordedNode& node = model.nodes[model.AddNode(number)];
+        node.xyz = {nodes_[i].x, nodes_[i].y, nodes_[i].z};
+        node.support = nodes_[i].floor == 0 ? 1 : 0;
+    }
+    model.nodeCount = static_cast<std::int32_t>(nodes_.size());
+    for (const auto& list : {*model.primaryLoadCases, *model.loadCombinations})
+        for (const std::int32_t loadCase : list)
+            for (std::size_t i = 0; i < nodes_.size(); ++i)
+                model.displacements.Store(i, loadCase, Displacements(nodes_[i], loadCase));
+}
+
+void Builder::DescribeMembers(RecordedModel& model) const {
+    model.memberList.emplace();
+    for (std::size_t i = 0; i < members_.size(); ++i) {
+        const std::int32_t number = MemberNumber(i);
+        const Member& from = members_[i];
+        model.memberList->push_back(number);
+        RecordedMember& member = model.members[model.AddMember(number)];
+        member.endNodes = {NodeNumber(static_cast<std::size_t>(from.start)),
+                           NodeNumber(static_cast<std::size_t>(from.end))};
+        member.beta = from.isColumn && number % 5 == 0 ? 90.0 : 0.0;
+        if (!from.isColumn) continue;
+        for (const std::int32_t loadCase : {kDeadLoad, kEarthquakeX, kEarthquakeZ}) {
+            SixDoubles forces = ForcesAtStart(from, loadCase);
+            model.endForces[0].Store(i, loadCase, forces);
+            for (double& force : forces)
+                force = -force;
+            model.endForces[1].Store(i, loadCase, forces);
+        }
+    }
+    model.memberCount = static_cast<std::int32_t>(members_.size());
+}
+
+// The building leans along X or Z, the other way a little, and turns about its first column; a
+// floor moves less the higher it is.
+SixDoubles Builder::Displacements(const Node& node, std::int32_t loadCase) const {
+    const double floors = node.floor * (1.0 - 0.002 * node.floor);
+    const double alongX = loadCase == kEarthquakeZ ? 0.0002 : 0.004;
+    const double alongZ = loadCase == kEarthquakeX ? 0.0003 : 0.005;
+    const double size = 1.0 + 0.01 * loadCase;  // no two load cases alike
+    return {size * floors * (alongX + 0.00001 * node.z),
+            -0.0001 * floors,
+            size * floors * (alongZ - 0.00002 * node.x),
+            0.0,
+            0.0,
+            0.0};
+}
+
+// Columns carry what stands above them, outer ones less.
+SixDoubles Builder::ForcesAtStart(const Member& column, std::int32_t loadCase) const {
+    const Node& start = nodes_[static_cast<std::size_t>(column.start)];
+    const double floorsAbove = size_.stories - column.floor + 1;
+    const double share = 1.0 + 0.01 * start.x + 0.02 * start.z;
+    const double size = share * floorsAbove * (1.0 + 0.01 * loadCase);
+    return {400.0 * size, 30.0 * size, -25.0 * size, 0.0, 0.0, 0.0};
+}
+
+std::string Builder::InputText() const {
     std::string text = "DeadLoadCaseNumber," + std::to_string(kDeadLoad) +
                        ",\nEarthquakeLoadCaseNumber," + std::to_string(kEarthquakeX) + "," +
                        std::to_string(kEarthquakeZ) + ",\nMemberDeformAngle,";
@@ -129,127 +252,8 @@ std::string RegularBuilding::InputFileText() const {
     return text + "\nFIN\n";
 }
 
-const RegularBuilding::Node& RegularBuilding::FindNode(std::int32_t number) const {
-    const auto position = static_cast<std::size_t>(number - 1) / 3;
-    if (number < 1 || position >= nodes_.size() || NodeNumber(position) != number)
-        throw HostCallError(kFailed, "node " + std::to_string(number) + " is not in the building");
-    return nodes_[position];
-}
+}  // namespace
 
-const RegularBuilding::Member& RegularBuilding::FindMember(std::int32_t number) const {
-    const auto position = static_cast<std::size_t>(number - 101) / 2;
-    if (number < 101 || position >= members_.size() || MemberNumber(position) != number)
-        throw HostCallError(kFailed,
-                            "member " + std::to_string(number) + " is not in the building");
-    return members_[position];
-}
-
-std::string RegularBuilding::GetModelFilePath() {
-    return modelPath_;
-}
-
-void RegularBuilding::PostConnectCall() {}
-
-std::int32_t RegularBuilding::GetBaseUnitSystem() {
-    return kMetricUnitSystem;
-}
-
-std::int32_t RegularBuilding::GetNodeCount() {
-    return static_cast<std::int32_t>(nodes_.size());
-}
-
-void RegularBuilding::GetNodeList(std::span<std::int32_t> numbers) {
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-        numbers[i] = NodeNumber(i);
-}
-
-void RegularBuilding::GetNodeCoordinates(std::int32_t node, double& x, double& y, double& z) {
-    const Node& found = FindNode(node);
-    x = found.x;
-    y = found.y;
-    z = found.z;
-}
-
-std::int32_t RegularBuilding::GetMemberCount() {
-    return static_cast<std::int32_t>(members_.size());
-}
-
-void RegularBuilding::GetMemberList(std::span<std::int32_t> numbers) {
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-        numbers[i] = MemberNumber(i);
-}
-
-void RegularBuilding::GetMemberIncidence(std::int32_t member, std::int32_t& startNode,
-                                         std::int32_t& endNode) {
-    const Member& found = FindMember(member);
-    startNode = NodeNumber(static_cast<std::size_t>(found.start));
-    endNode = NodeNumber(static_cast<std::size_t>(found.end));
-}
-
-bool RegularBuilding::IsZUp() {
-    return false;
-}
-
-double RegularBuilding::GetMemberRotationAngle(std::int32_t member) {
-    return FindMember(member).isColumn && member % 5 == 0 ? 90.0 : 0.0;
-}
-
-std::int32_t RegularBuilding::GetSupportInfo(std::int32_t node, SixIntegers& codes,
-                                             SixDoubles& values) {
-    codes = {};
-    values = {};
-    return FindNode(node).floor == 0 ? 1 : 0;
-}
-
-std::int32_t RegularBuilding::GetPrimaryLoadCaseCount() {
-    return PrimaryLoadCases(size_.loadCases);
-}
-
-std::int32_t RegularBuilding::GetLoadCombinationCount() {
-    return size_.loadCases - PrimaryLoadCases(size_.loadCases);
-}
-
-std::int16_t RegularBuilding::GetPrimaryLoadCaseNumbers(std::span<std::int32_t> numbers) {
-    FillFrom(kDeadLoad, numbers);
-    return 1;
-}
-
-std::int16_t RegularBuilding::GetLoadCombinationNumbers(std::span<std::int32_t> numbers) {
-    FillFrom(kFirstCombination, numbers);
-    return 1;
-}
-
-// The building leans along X or Z, the other way a little, and turns about its first column; a
-// floor moves less the higher it is.
-std::int16_t RegularBuilding::GetNodeDisplacements(std::int32_t node, std::int32_t loadCase,
-                                                   SixDoubles& displacements) {
-    const Node& found = FindNode(node);
-    const double floors = found.floor * (1.0 - 0.002 * found.floor);
-    const double alongX = loadCase == kEarthquakeZ ? 0.0002 : 0.004;
-    const double alongZ = loadCase == kEarthquakeX ? 0.0003 : 0.005;
-    const double size = 1.0 + 0.01 * loadCase;  // no two load cases alike
-    displacements = {size * floors * (alongX + 0.00001 * found.z),
-                     -0.0001 * floors,
-                     size * floors * (alongZ - 0.00002 * found.x),
-                     0.0,
-                     0.0,
-                     0.0};
-    return 1;
-}
-
-// Columns carry what stands above them, outer ones less; beams nothing worth mentioning.
-std::int16_t RegularBuilding::GetMemberEndForces(std::int32_t member, std::int32_t end,
-                                                 std::int32_t loadCase, SixDoubles& forces) {
-    const Member& found = FindMember(member);
-    const Node& start = nodes_[static_cast<std::size_t>(found.start)];
-    const double floorsAbove = size_.stories - found.floor + 1;
-    const double share = found.isColumn ? 1.0 + 0.01 * start.x + 0.02 * start.z : 0.001;
-    const double sign = end == 0 ? 1.0 : -1.0;
-    const double size = sign * share * floorsAbove * (1.0 + 0.01 * loadCase);
-    forces = {400.0 * size, 30.0 * size, -25.0 * size, 0.0, 0.0, 0.0};
-    return 1;
-}
-
-bool RegularBuilding::AreResultsAvailable() {
-    return true;
+RegularBuilding MakeRegularBuilding(const BuildingSize& size) {
+    return Builder(size).Build();
 }

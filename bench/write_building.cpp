@@ -12,16 +12,9 @@
 #include "bench/regular_building.h"
 #include "compute/compute_run.h"
 #include "host/qhm_file.h"
-#include "host/remembering_host.h"
 #include "input/input_file.h"
 
 namespace {
-
-class SilentStatusList : public StatusList {
-public:
-    void Clear() override {}
-    void Append(StatusText) override {}
-};
 
 BuildingSize ReadSize(std::span<char*, 3> numbers) {
     const BuildingSize size{ToInteger(numbers[0]), ToInteger(numbers[1]), ToInteger(numbers[2])};
@@ -31,23 +24,13 @@ BuildingSize ReadSize(std::span<char*, 3> numbers) {
     return size;
 }
 
-// Every question of a run, and so everything that a recorded building has to answer, is
-// remembered on the way.
 void WriteBuilding(const BuildingSize& size, const std::string& modelPath) {
-    RegularBuilding building(size, modelPath);
-    const std::string inputPath =
-        std::filesystem::path(modelPath).replace_extension("csv").string();
-    std::ofstream(inputPath, std::ios::binary) << building.InputFileText();
-
-    RememberingHost host(building);
-    SilentStatusList status;
-    ReportPaths reports;
-    const RunOutcome outcome = RunCompute(
-        inputPath, [&host] { return &host; }, status, reports);
-    if (!outcome.complete) throw std::runtime_error(outcome.failure);
-    std::filesystem::remove(reports.logFile);
-    std::filesystem::remove(reports.resultFile);
-    WriteQhmFile(host.Memory(), modelPath);
+    const RegularBuilding building = MakeRegularBuilding(size);
+    WriteQhmFile(building.model, modelPath);
+    std::ofstream input(std::filesystem::path(modelPath).replace_extension("csv"),
+                        std::ios::binary);
+    input << building.inputText;
+    if (!input.flush()) throw std::runtime_error("the input file cannot be written");
 }
 
 }  // namespace

@@ -5,20 +5,11 @@
 #include <algorithm>
 #include <set>
 #include <utility>
-#include <vector>
 
 namespace {
 
-std::vector<std::int32_t> Members(RegularBuilding& building) {
-    std::vector<std::int32_t> members(static_cast<std::size_t>(building.GetMemberCount()));
-    building.GetMemberList(members);
-    return members;
-}
-
-double Height(RegularBuilding& building, std::int32_t node) {
-    double x = 0.0, y = 0.0, z = 0.0;
-    building.GetNodeCoordinates(node, x, y, z);
-    return y;
+double Height(const RecordedModel& model, std::int32_t node) {
+    return (*model.nodes[*model.FindNode(node)].xyz)[1];
 }
 
 }  // namespace
@@ -26,48 +17,52 @@ double Height(RegularBuilding& building, std::int32_t node) {
 TEST(RegularBuilding, HasExactlyTheMembersAskedFor) {
     for (const BuildingSize size : {BuildingSize{1000, 60, 5}, BuildingSize{5000, 20, 20},
                                     BuildingSize{20000, 40, 60}, BuildingSize{7, 3, 3}}) {
-        RegularBuilding building(size, "tower.qhm");
-        EXPECT_EQ(size.members, building.GetMemberCount());
-        EXPECT_EQ(size.loadCases,
-                  building.GetPrimaryLoadCaseCount() + building.GetLoadCombinationCount());
+        const RecordedModel model = MakeRegularBuilding(size).model;
+        EXPECT_EQ(size.members, model.memberCount);
+        EXPECT_EQ(size.loadCases, *model.primaryLoadCaseCount + *model.loadCombinationCount);
     }
 }
 
 // 20,000 / 40 = 500 members a story, of which 125 are columns.
 TEST(RegularBuilding, HasOneColumnInFourMembers) {
-    EXPECT_EQ(125, RegularBuilding({20000, 40, 60}, "tower.qhm").ColumnsPerStory());
+    EXPECT_EQ(125, MakeRegularBuilding({20000, 40, 60}).columnsPerStory);
 }
 
 TEST(RegularBuilding, HasColumnsFromFloorToFloorAndLevelBeams) {
-    RegularBuilding building({300, 5, 3}, "tower.qhm");
+    const RegularBuilding building = MakeRegularBuilding({300, 5, 3});
     int columns = 0;
-    for (const std::int32_t member : Members(building)) {
-        std::int32_t start = 0, end = 0;
-        building.GetMemberIncidence(member, start, end);
-        const double rise = Height(building, end) - Height(building, start);
-        EXPECT_TRUE(rise == 0.0 || rise == 4.0 || rise == -4.0) << "member " << member;
+    for (const RecordedMember& member : building.model.members) {
+        const double rise = Height(building.model, member.endNodes->end) -
+                            Height(building.model, member.endNodes->start);
+        EXPECT_TRUE(rise == 0.0 || rise == 4.0 || rise == -4.0) << "member " << member.number;
         if (rise != 0.0) ++columns;
     }
-    EXPECT_EQ(5 * building.ColumnsPerStory(), columns);
+    EXPECT_EQ(5 * building.columnsPerStory, columns);
 }
 
 TEST(RegularBuilding, JoinsNoTwoNodesTwice) {
-    RegularBuilding building({1000, 10, 5}, "tower.qhm");
+    const RecordedModel model = MakeRegularBuilding({1000, 10, 5}).model;
     std::set<std::pair<std::int32_t, std::int32_t>> joined;
-    for (const std::int32_t member : Members(building)) {
-        std::int32_t start = 0, end = 0;
-        building.GetMemberIncidence(member, start, end);
+    for (const RecordedMember& member : model.members) {
+        const auto [start, end] = *member.endNodes;
         EXPECT_NE(start, end);
-        EXPECT_TRUE(joined.insert(std::minmax({start, end})).second) << "member " << member;
+        EXPECT_TRUE(joined.insert(std::minmax({start, end})).second) << "member " << member.number;
     }
 }
 
-TEST(RegularBuilding, RefusesNumbersInItsGaps) {
-    RegularBuilding building({100, 5, 3}, "tower.qhm");
-    std::int32_t start = 0, end = 0;
-    double x = 0.0, y = 0.0, z = 0.0;
-    EXPECT_THROW(building.GetMemberIncidence(102, start, end), HostCallError);
-    EXPECT_THROW(building.GetMemberIncidence(0, start, end), HostCallError);
-    EXPECT_THROW(building.GetNodeCoordinates(2, x, y, z), HostCallError);
-    EXPECT_THROW(building.GetNodeCoordinates(1000000, x, y, z), HostCallError);
+TEST(RegularBuilding, HasGapsBetweenItsNumbers) {
+    const RecordedModel model = MakeRegularBuilding({100, 5, 3}).model;
+    EXPECT_TRUE(model.FindMember(101).has_value());
+    EXPECT_FALSE(model.FindMember(102).has_value());
+    EXPECT_TRUE(model.FindNode(1).has_value());
+    EXPECT_FALSE(model.FindNode(2).has_value());
+}
+
+// Six floors of nodes under seven load cases; five stories of columns, both ends, under three.
+TEST(RegularBuilding, HasDisplacementsOfAllNodesAndForcesOfItsColumns) {
+    const RegularBuilding building = MakeRegularBuilding({100, 5, 7});
+    const auto columns = static_cast<std::size_t>(building.columnsPerStory);
+    EXPECT_EQ(6 * columns * 7, building.model.displacements.size());
+    EXPECT_EQ(5 * columns * 3, building.model.endForces[0].size());
+    EXPECT_EQ(5 * columns * 3, building.model.endForces[1].size());
 }

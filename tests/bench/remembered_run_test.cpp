@@ -9,6 +9,7 @@
 #include "bench/question_counter.h"
 #include "bench/regular_building.h"
 #include "compute/compute_run.h"
+#include "host/recorded_host.h"
 #include "host/remembering_host.h"
 #include "tests/support/test_folder.h"
 
@@ -26,23 +27,24 @@ public:
 
 // A generated building in a folder of its own, and what a run on it leaves behind.
 struct BuildingRun {
-    RunOutcome Run(HostQueries& host) {
-        const std::string input = folder.Write("input.csv", building.InputFileText());
+    RunOutcome Run(HostQueries& on) {
+        const std::string input = folder.Write("input.csv", building.inputText);
         return RunCompute(
-            input, [&host] { return &host; }, status, reports);
+            input, [&on] { return &on; }, status, reports);
     }
 
     // Log and results, without the name of the folder, which differs from run to run.
     std::string Reports() const {
         std::string text = ReadText(reports.logFile) + ReadText(reports.resultFile);
-        const std::string path = building.modelPath();
+        const std::string path = folder.Path("tower.qhm");
         for (std::size_t at = 0; (at = text.find(path, at)) != std::string::npos;)
             text.erase(at, path.size());
         return text;
     }
 
     TestFolder folder;
-    RegularBuilding building{kSize, folder.Path("tower.qhm")};
+    RegularBuilding building = MakeRegularBuilding(kSize);
+    RecordedHost host{building.model, folder.Path("tower.qhm")};
     WrittenStatusList status;
     ReportPaths reports;
 };
@@ -51,7 +53,7 @@ struct BuildingRun {
 
 TEST(RememberedRun, AsksTheHostEachDistinctQuestionOnce) {
     BuildingRun run;
-    QuestionCounter reached(run.building);
+    QuestionCounter reached(run.host);
     RememberingHost remembering(reached);
     QuestionCounter asked(remembering);
     ASSERT_TRUE(run.Run(asked).complete);
@@ -62,7 +64,7 @@ TEST(RememberedRun, AsksTheHostEachDistinctQuestionOnce) {
 
 TEST(RememberedRun, ForgetsNothingAndAsksNothingInASecondRun) {
     BuildingRun run;
-    QuestionCounter reached(run.building);
+    QuestionCounter reached(run.host);
     RememberingHost remembering(reached);
     ASSERT_TRUE(run.Run(remembering).complete);
     const std::uint64_t afterFirst = reached.Asked();
@@ -73,9 +75,9 @@ TEST(RememberedRun, ForgetsNothingAndAsksNothingInASecondRun) {
 
 TEST(RememberedRun, WritesTheSameBytesAsARunThatRemembersNothing) {
     BuildingRun plain;
-    ASSERT_TRUE(plain.Run(plain.building).complete);
+    ASSERT_TRUE(plain.Run(plain.host).complete);
     BuildingRun remembered;
-    RememberingHost remembering(remembered.building);
+    RememberingHost remembering(remembered.host);
     ASSERT_TRUE(remembered.Run(remembering).complete);
 
     EXPECT_EQ(plain.status.lines, remembered.status.lines);
@@ -93,11 +95,11 @@ TEST(RememberedRun, WritesTheSameBytesAsARunThatRemembersNothing) {
 //   3 S C L     shear: incidence and two end forces per record
 TEST(EngineQuestions, AreRepeatedStepAfterStep) {
     BuildingRun run;
-    QuestionCounter asked(run.building);
+    QuestionCounter asked(run.host);
     ASSERT_TRUE(run.Run(asked).complete);
 
-    const auto n = static_cast<std::uint64_t>(run.building.GetNodeCount());
-    const auto c = static_cast<std::uint64_t>(run.building.ColumnsPerStory());
+    const auto n = static_cast<std::uint64_t>(*run.building.model.nodeCount);
+    const auto c = static_cast<std::uint64_t>(run.building.columnsPerStory);
     const std::uint64_t m = 600, s = 6, l = 7;
     EXPECT_EQ(8 + (2 + 3 * n) + (2 + 3 * m) + (m + s * m) + 3 * s * c * l + (3 * s * m + s * c) +
                   3 * s * c * l,
