@@ -75,14 +75,6 @@ std::vector<std::int32_t> AnswerTable::LoadCases() const {
     return loadCases;
 }
 
-std::optional<std::size_t> RecordedModel::FindNode(std::int32_t number) const {
-    return nodePositions_.Find(number);
-}
-
-std::optional<std::size_t> RecordedModel::FindMember(std::int32_t number) const {
-    return memberPositions_.Find(number);
-}
-
 std::size_t RecordedModel::AddNode(std::int32_t number) {
     return AddRecord(nodePositions_, nodes, number);
 }

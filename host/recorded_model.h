@@ -111,8 +111,12 @@ public:
     std::optional<std::int32_t> MemberWithBothKindsOfForces() const;
 
     /// Position in `nodes` or `members`; a number that is not there has none.
-    std::optional<std::size_t> FindNode(std::int32_t number) const;
-    std::optional<std::size_t> FindMember(std::int32_t number) const;
+    std::optional<std::size_t> FindNode(std::int32_t number) const {
+        return nodePositions_.Find(number);
+    }
+    std::optional<std::size_t> FindMember(std::int32_t number) const {
+        return memberPositions_.Find(number);
+    }
 
     /// The same; a number that is not there is added.
     std::size_t AddNode(std::int32_t number);
