@@ -1,5 +1,6 @@
 #include "host/json_stream.h"
 
+#include <array>
 #include <boost/json/basic_parser_impl.hpp>
 #include <boost/json/src.hpp>
 #include <charconv>
@@ -13,8 +14,6 @@ namespace {
 using Kind = JsonToken::Kind;
 using Failure = boost::json::error_code;
 using Piece = boost::json::string_view;
-
-constexpr std::size_t kBlock = 65536;
 
 // The exact value of a number's text; false when it is beyond the range of double. `about` is the
 // value, right but for rounding.
@@ -121,24 +120,34 @@ private:
     std::deque<std::string> copies_;
 };
 
+void PassOverMark(std::FILE* file) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    std::array<char, kMark.size()> start{};
+    const std::size_t size = std::fread(start.data(), 1, start.size(), file);
+    if (std::string_view(start.data(), size) != kMark) std::rewind(file);
+}
+
 // The parser with its tokens, fed with a file block by block.
 class BlockParser {
 public:
-    BlockParser(std::FILE* file, std::vector<JsonToken>& tokens)
-        : file_(file), json_({.max_depth = JsonStream::kDeepest}, tokens), buffer_(kBlock) {}
-
-    // The next bytes of the file; none at its end.
-    std::string_view ReadBlock() {
-        const bool isFirst = start_ + block_.size() == 0;
-        start_ += block_.size();
-        block_ = {buffer_.data(), std::fread(buffer_.data(), 1, buffer_.size(), file_)};
-        std::string_view text = block_;
-        if (isFirst && text.starts_with(kMark)) text.remove_prefix(kMark.size());
-        return text;
+    // Begins at the beginning of the file.
+    BlockParser(std::FILE* file, std::size_t blockSize, std::vector<JsonToken>& tokens)
+        : file_(file), json_({.max_depth = JsonStream::kDeepest}, tokens), buffer_(blockSize) {
+        std::rewind(file);
+        PassOverMark(file);
     }
 
-    // Where the block that was read last begins in the file.
+    // The next bytes of the text; none at its end.
+    std::string_view ReadBlock() {
+        start_ += block_.size();
+        block_ = {buffer_.data(), std::fread(buffer_.data(), 1, buffer_.size(), file_)};
+        return block_;
+    }
+
+    // Where the block that was read last begins in the text.
     std::uint64_t start() const { return start_; }
+
+    std::size_t blockSize() const { return buffer_.size(); }
 
     // Parses a piece of the text; the file's end is an empty one. Gives how much of the piece
     // belongs to the text.
@@ -148,8 +157,6 @@ public:
     }
 
 private:
-    static constexpr std::string_view kMark = "\xEF\xBB\xBF";
-
     std::FILE* file_;
     boost::json::basic_parser<Tokens> json_;
     std::vector<char> buffer_;
@@ -174,14 +181,13 @@ struct LineAndColumn {
 
 // Where a file that cannot be parsed goes wrong: the block with the fault is parsed once more, byte
 // by byte.
-LineAndColumn FindFault(std::FILE* file, std::uint64_t startOfFaultyBlock) {
-    std::rewind(file);
+LineAndColumn FindFault(std::FILE* file, const BlockParser& failed) {
     std::vector<JsonToken> tokens;
-    BlockParser parser(file, tokens);
+    BlockParser parser(file, failed.blockSize(), tokens);
     LineAndColumn place;
     Failure failure;
     for (std::string_view block = parser.ReadBlock(); !block.empty(); block = parser.ReadBlock()) {
-        const std::size_t step = parser.start() < startOfFaultyBlock ? block.size() : 1;
+        const std::size_t step = parser.start() < failed.start() ? block.size() : 1;
         for (; !block.empty(); block.remove_prefix(step)) {
             tokens.clear();
             const std::string_view piece = block.substr(0, step);
@@ -208,8 +214,8 @@ std::string TextOfFault(const Failure& failure, const LineAndColumn& place) {
 }  // namespace
 
 struct JsonStream::Parser {
-    Parser(std::FILE* source, std::vector<JsonToken>& tokens)
-        : file(source), blocks(source, tokens) {}
+    Parser(std::FILE* source, std::size_t blockSize, std::vector<JsonToken>& tokens)
+        : file(source), blocks(source, blockSize, tokens) {}
 
     std::FILE* file;
     BlockParser blocks;
@@ -218,7 +224,8 @@ struct JsonStream::Parser {
     bool isAtEnd = false;
 };
 
-JsonStream::JsonStream(std::FILE* file) : parser_(std::make_unique<Parser>(file, tokens_)) {}
+JsonStream::JsonStream(std::FILE* file, std::size_t blockSize)
+    : parser_(std::make_unique<Parser>(file, blockSize, tokens_)) {}
 
 JsonStream::~JsonStream() = default;
 
@@ -235,7 +242,7 @@ void JsonStream::Fill() {
     next_ = 0;
     while (tokens_.empty()) {
         if (parser_->isFaulty) {
-            const LineAndColumn place = FindFault(parser_->file, parser_->blocks.start());
+            const LineAndColumn place = FindFault(parser_->file, parser_->blocks);
             throw JsonError("expected JSON: " + TextOfFault(parser_->failure, place));
         }
         if (parser_->isAtEnd)

@@ -47,8 +47,9 @@ class JsonStream {
 public:
     static constexpr std::size_t kDeepest = 100;
 
-    /// Borrows `file`, opened for binary reading and at its beginning.
-    explicit JsonStream(std::FILE* file);
+    /// Borrows `file`, opened for binary reading, and reads it from its beginning in blocks of
+    /// `blockSize` bytes.
+    explicit JsonStream(std::FILE* file, std::size_t blockSize = 65536);
     ~JsonStream();
     JsonStream(const JsonStream&) = delete;
     JsonStream& operator=(const JsonStream&) = delete;

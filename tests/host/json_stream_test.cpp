@@ -25,10 +25,10 @@ class JsonStreamTest : public testing::Test {
 protected:
     /// Everything of a text, as "{", "key:", "\"text\"", a number, "true", "null", "end"; an error
     /// as its text.
-    std::vector<std::string> TokensOf(const std::string& text) {
+    std::vector<std::string> TokensOf(const std::string& text, std::size_t blockSize = 65536) {
         std::vector<std::string> tokens;
         const StdioFile file = OpenStdioFile(folder.Write("text.json", text), "rb");
-        JsonStream stream(file.get());
+        JsonStream stream(file.get(), blockSize);
         try {
             do
                 tokens.push_back(TextOf(stream.Take()));
@@ -105,13 +105,20 @@ TEST_F(JsonStreamTest, EscapesInStringsAreCharacters) {
 
 // The file is read block by block; whatever stands across the end of one is whole all the same.
 TEST_F(JsonStreamTest, PiecesThatReachAcrossBlocksAreWhole) {
-    for (std::size_t shift = 0; shift < 40; ++shift) {
-        const std::string text = "[" + std::string(65536 - 40 + shift, ' ') +
-                                 R"({"key": "some\u0020text", "n": -12.25e1}, true])";
-        ASSERT_THAT(TokensOf(text), ElementsAre("[", "{", "key:", "\"some text\"",
-                                                "n:", "-122.500000", "}", "true", "]", "end"))
-            << shift;
-    }
+    const std::string text =
+        "\xEF\xBB\xBF[ {\"key\": \"some\\u0020t\xC3\xA9xt\", \"n\": -12.25e1}, true]";
+    for (std::size_t blockSize = 1; blockSize <= text.size(); ++blockSize)
+        ASSERT_THAT(TokensOf(text, blockSize),
+                    ElementsAre("[", "{", "key:", "\"some t\xC3\xA9xt\"", "n:", "-122.500000", "}",
+                                "true", "]", "end"))
+            << blockSize;
+}
+
+TEST_F(JsonStreamTest, AFaultHasTheSamePlaceWhereverBlocksEnd) {
+    for (const char* text :
+         {"[1,\n 2,\n tru]", "[1,\n 2,\n \"\xC3\xA9\", 1e999]", "[1,\n 2]\n  ]", "{\"a\":\n"})
+        for (std::size_t blockSize = 1; blockSize <= 20; ++blockSize)
+            ASSERT_EQ(TokensOf(text), TokensOf(text, blockSize)) << text << blockSize;
 }
 
 TEST_F(JsonStreamTest, AStringMayBeLongerThanABlock) {
