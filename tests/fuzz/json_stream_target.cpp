@@ -130,7 +130,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
     const std::string path = folder.Write("text.json", text);
     const Reading whole = Read(path, 65536);
-    for (const std::size_t blockSize : {1, 2, 3, 7, 16}) {
+    for (const std::size_t blockSize : {1U, 2U, 3U, 7U, 16U}) {
         const Reading inBlocks = Read(path, blockSize);
         CheckSameText(whole.tokens, inBlocks.tokens, "blocks make no other tokens");
         CheckSameText(whole.fault, inBlocks.fault, "blocks make no other fault");
