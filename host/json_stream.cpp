@@ -179,36 +179,42 @@ struct LineAndColumn {
     }
 };
 
-// Where a file that cannot be parsed goes wrong: the block with the fault is parsed once more, byte
-// by byte.
-LineAndColumn FindFault(std::FILE* file, const BlockParser& failed) {
+struct Fault {
+    LineAndColumn place;
+    Failure failure;  // none: the text has ended before
+};
+
+// Where and how a file that cannot be parsed goes wrong: the block with the fault is parsed once
+// more, byte by byte. What the parser says of a fault may depend on how much of the text it sees.
+Fault FindFault(std::FILE* file, const BlockParser& failed) {
     std::vector<JsonToken> tokens;
     BlockParser parser(file, failed.blockSize(), tokens);
-    LineAndColumn place;
-    Failure failure;
+    Fault fault;
     for (std::string_view block = parser.ReadBlock(); !block.empty(); block = parser.ReadBlock()) {
         const std::size_t step = parser.start() < failed.start() ? block.size() : 1;
         for (; !block.empty(); block.remove_prefix(step)) {
             tokens.clear();
             const std::string_view piece = block.substr(0, step);
-            place.Pass(piece);
-            if (parser.Parse(piece, failure) < piece.size() || failure) return place;
+            fault.place.Pass(piece);
+            if (parser.Parse(piece, fault.failure) < piece.size() || fault.failure) return fault;
         }
     }
-    return place;
+    parser.Parse({}, fault.failure);
+    return fault;
 }
 
-std::string TextOfFault(const Failure& failure, const LineAndColumn& place) {
-    const std::string line = "line " + std::to_string(place.line);
-    const std::string at = line + ", column " + std::to_string(place.column);
-    if (!failure) return "text behind the end of the JSON text, in " + at;
-    if (failure == boost::json::error::incomplete) return "the text ends too early, in " + line;
-    if (failure == boost::json::error::exponent_overflow)
+std::string TextOf(const Fault& fault) {
+    const std::string line = "line " + std::to_string(fault.place.line);
+    const std::string at = line + ", column " + std::to_string(fault.place.column);
+    if (!fault.failure) return "text behind the end of the JSON text, in " + at;
+    if (fault.failure == boost::json::error::incomplete)
+        return "the text ends too early, in " + line;
+    if (fault.failure == boost::json::error::exponent_overflow)
         return "a number beyond the range of double precision, in " + at;
-    if (failure == boost::json::error::too_deep)
+    if (fault.failure == boost::json::error::too_deep)
         return "more than " + std::to_string(JsonStream::kDeepest) +
                " objects and arrays in each other, in " + at;
-    return failure.message() + " in " + at;
+    return fault.failure.message() + " in " + at;
 }
 
 }  // namespace
@@ -219,7 +225,6 @@ struct JsonStream::Parser {
 
     std::FILE* file;
     BlockParser blocks;
-    Failure failure;
     bool isFaulty = false;  // behind the tokens that are there
     bool isAtEnd = false;
 };
@@ -233,18 +238,17 @@ void JsonStream::ParseBlock() {
     const std::string_view block = parser_->blocks.ReadBlock();
     if (std::ferror(parser_->file) != 0) throw JsonError("expected JSON: cannot be read");
     parser_->isAtEnd = block.empty();
-    const std::size_t parsed = parser_->blocks.Parse(block, parser_->failure);
-    parser_->isFaulty = parser_->failure || parsed < block.size();
+    Failure failure;
+    const std::size_t parsed = parser_->blocks.Parse(block, failure);
+    parser_->isFaulty = failure || parsed < block.size();
 }
 
 void JsonStream::Fill() {
     tokens_.clear();
     next_ = 0;
     while (tokens_.empty()) {
-        if (parser_->isFaulty) {
-            const LineAndColumn place = FindFault(parser_->file, parser_->blocks);
-            throw JsonError("expected JSON: " + TextOfFault(parser_->failure, place));
-        }
+        if (parser_->isFaulty)
+            throw JsonError("expected JSON: " + TextOf(FindFault(parser_->file, parser_->blocks)));
         if (parser_->isAtEnd)
             tokens_.push_back({.kind = Kind::kEnd});
         else
