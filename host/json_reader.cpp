@@ -19,8 +19,8 @@ JsonReader::JsonReader(std::FILE* file) : stream_(file) {
 }
 
 bool JsonReader::SeenKeys::Add(const std::string& key) {
-    const auto end = few_.begin() + static_cast<std::ptrdiff_t>(count_);
-    if (std::find(few_.begin(), end, key) != end) return false;
+    const std::span<const std::string> few(few_.data(), count_);
+    if (std::ranges::find(few, key) != few.end()) return false;
     if (count_ == few_.size()) return more_.insert(key).second;
     few_[count_++] = key;
     return true;

@@ -210,7 +210,7 @@ private:
         AnswersByNumber{model_, &RecordedModel::FindMember, model_.endForcesGlobal[1]}};
 };
 
-const QhmReader::Section QhmReader::kSections[] = {
+constexpr QhmReader::Section QhmReader::kSections[] = {
     {"format", [](QhmReader& r) { r.ReadFormat(); }},
     {"version", [](QhmReader& r) { r.ReadVersion(); }},
     {"modelPath", [](QhmReader& r) { r.ReadModelPath(); }},
@@ -242,7 +242,7 @@ QhmContents QhmReader::Read() {
     model_.primaryLoadCases.emplace();
     model_.loadCombinations.emplace();
     json_.ReadObject("expected a JSON object", [this](const std::string& key) {
-        const auto section = std::ranges::find(kSections, key, &Section::key);
+        const auto* const section = std::ranges::find(kSections, key, &Section::key);
         if (section == std::end(kSections))
             PassOver(key);
         else

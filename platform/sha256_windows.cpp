@@ -5,7 +5,6 @@
 #include <bcrypt.h>
 
 #include <algorithm>
-#include <limits>
 #include <stdexcept>
 
 #include "platform/sha256.h"
@@ -35,13 +34,13 @@ Sha256::Sha256() : state_(std::make_unique<State>()) {
 
 Sha256::~Sha256() = default;
 
+// The API takes bytes as if it changed them, and counts them in 32 bits.
 void Sha256::Add(std::span<const char> bytes) {
+    std::array<UCHAR, 4096> block{};
     while (!bytes.empty()) {
-        const auto piece = bytes.first(
-            std::min(bytes.size(), static_cast<std::size_t>(std::numeric_limits<ULONG>::max())));
-        // The API takes bytes that it does not change as if it did.
-        auto* const first = reinterpret_cast<PUCHAR>(const_cast<char*>(piece.data()));
-        Require(BCryptHashData(state_->hash, first, static_cast<ULONG>(piece.size()), 0));
+        const auto piece = bytes.first(std::min(bytes.size(), block.size()));
+        std::copy(piece.begin(), piece.end(), block.begin());
+        Require(BCryptHashData(state_->hash, block.data(), static_cast<ULONG>(piece.size()), 0));
         bytes = bytes.subspan(piece.size());
     }
 }
