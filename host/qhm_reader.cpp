@@ -125,13 +125,11 @@ public:
     }
 
     void AdmitThoseWaiting() {
-        for (std::size_t i = 0; i < waitingNumbers_.size(); ++i) {
-            const auto position = (model_.*find_)(waitingNumbers_[i]);
-            if (!position) continue;
-            for (const std::int32_t loadCase : waiting_.LoadCases())
-                if (const SixDoubles* answer = waiting_.Find(i, loadCase))
-                    known_.Store(*position, loadCase, *answer);
-        }
+        waiting_.ForEach(
+            [this](std::size_t waiting, std::int32_t loadCase, const SixDoubles& answer) {
+                if (const auto position = (model_.*find_)(waitingNumbers_[waiting]))
+                    known_.Store(*position, loadCase, answer);
+            });
     }
 
 private:

@@ -4,10 +4,6 @@
 
 namespace {
 
-constexpr std::uint16_t kNoAnswer = 0xFFFF;
-constexpr std::uint32_t kNoPage = 0xFFFFFFFF;
-constexpr std::size_t kPositionsPerPage = 512;
-
 template <typename Record>
 std::size_t AddRecord(NumberPositions& positions, std::vector<Record>& records,
                       std::int32_t number) {
@@ -19,13 +15,15 @@ std::size_t AddRecord(NumberPositions& positions, std::vector<Record>& records,
     return position;
 }
 
-bool HoldsAny(const std::array<AnswerTable, 2>& tables, std::size_t position) {
-    return std::ranges::any_of(tables, [position](const AnswerTable& table) {
-        const std::vector<std::int32_t> loadCases = table.LoadCases();
-        return std::ranges::any_of(loadCases, [&](std::int32_t loadCase) {
-            return table.Find(position, loadCase) != nullptr;
+// Per position, whether there is any answer about it.
+std::vector<bool> PositionsWithAnswers(const std::array<AnswerTable, 2>& tables,
+                                       std::size_t positions) {
+    std::vector<bool> found(positions);
+    for (const AnswerTable& table : tables)
+        table.ForEach([&found](std::size_t position, std::int32_t, const SixDoubles&) {
+            found[position] = true;
         });
-    });
+    return found;
 }
 
 }  // namespace
@@ -84,7 +82,10 @@ std::size_t RecordedModel::AddMember(std::int32_t number) {
 }
 
 std::optional<std::int32_t> RecordedModel::MemberWithBothKindsOfForces() const {
+    if (endForcesGlobal[0].size() + endForcesGlobal[1].size() == 0) return std::nullopt;
+    const auto own = PositionsWithAnswers(endForces, members.size());
+    const auto global = PositionsWithAnswers(endForcesGlobal, members.size());
     for (std::size_t i = 0; i < members.size(); ++i)
-        if (HoldsAny(endForcesGlobal, i) && HoldsAny(endForces, i)) return members[i].number;
+        if (own[i] && global[i]) return members[i].number;
     return std::nullopt;
 }

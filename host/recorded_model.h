@@ -29,12 +29,33 @@ public:
     /// Load cases that have an answer, ascending.
     std::vector<std::int32_t> LoadCases() const;
 
+    /// Calls `visit(position, loadCase, answer)` for every answer.
+    template <typename Visit>
+    void ForEach(const Visit& visit) const {
+        for (std::size_t i = 0; i < rows_.size(); ++i)
+            for (std::size_t place = 0; place < rows_[i].size(); ++place)
+                if (rows_[i][place] != kNoPage)
+                    VisitPage(pages_[rows_[i][place]], place, loadCases_[i], visit);
+    }
+
 private:
+    static constexpr std::uint16_t kNoAnswer = 0xFFFF;
+    static constexpr std::uint32_t kNoPage = 0xFFFFFFFF;
+    static constexpr std::size_t kPositionsPerPage = 512;
+
     struct Page {
         std::vector<std::uint16_t> slots;  ///< per position: its place in `answers`, if any
         std::vector<SixDoubles> answers;
     };
     using Row = std::vector<std::uint32_t>;  ///< places in pages_, if any
+
+    template <typename Visit>
+    static void VisitPage(const Page& page, std::size_t place, std::int32_t loadCase,
+                          const Visit& visit) {
+        for (std::size_t i = 0; i < kPositionsPerPage; ++i)
+            if (page.slots[i] != kNoAnswer)
+                visit(place * kPositionsPerPage + i, loadCase, page.answers[page.slots[i]]);
+    }
 
     Page& PageOf(std::size_t position, std::int32_t loadCase);
 

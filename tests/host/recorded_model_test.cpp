@@ -5,9 +5,12 @@
 
 #include <fstream>
 #include <limits>
+#include <tuple>
+#include <vector>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 namespace {
 
@@ -77,6 +80,19 @@ TEST(AnswerTable, GivesItsLoadCasesAscending) {
         table.Store(0, loadCase, kOne);
     EXPECT_THAT(table.LoadCases(),
                 ElementsAre(-5, 2, 101, std::numeric_limits<std::int32_t>::max()));
+}
+
+TEST(AnswerTable, ShowsEveryAnswerOnce) {
+    AnswerTable table;
+    table.Store(3, 7, kOne);
+    table.Store(700, 7, kTwo);
+    table.Store(3, -8, kTwo);
+    std::vector<std::tuple<std::size_t, std::int32_t, SixDoubles>> seen;
+    table.ForEach([&seen](std::size_t position, std::int32_t loadCase, const SixDoubles& answer) {
+        seen.emplace_back(position, loadCase, answer);
+    });
+    EXPECT_THAT(seen, UnorderedElementsAre(std::tuple(3, 7, kOne), std::tuple(700, 7, kTwo),
+                                           std::tuple(3, -8, kTwo)));
 }
 
 TEST(RecordedModel, AddsEveryNumberOnceInFirstOrder) {
