@@ -70,6 +70,10 @@ bool AijCodeRoute2::SetStoryInfoWithDataFile() {
 bool AijCodeRoute2::SetMemberDeformAngleOutputFlag() {
     constexpr const char* kSubject = "output flag of member story deformation angle";
     LogStart(logFile, kSubject);
+    // Before the file is opened: also when it cannot be read, no flag of before is left.
+    for (StoryInfo& story : stories)
+        for (StoryMember& record : story.members)
+            record.outputDeformAngle = false;
     std::unordered_set<std::int32_t> reported;
     const bool isRead =
         ReadInputFile(logFile, dataFilePath,
@@ -80,10 +84,9 @@ bool AijCodeRoute2::SetMemberDeformAngleOutputFlag() {
                               reported.insert(ToInteger(line.Value(k)));
                           return LineResult::kFinish;
                       });
-    // Every flag is set anew, also when the file could not be read.
     for (StoryInfo& story : stories)
         for (StoryMember& record : story.members)
-            record.outputDeformAngle = reported.contains(record.memberNumber);
+            if (reported.contains(record.memberNumber)) record.outputDeformAngle = true;
     if (isRead) LogEnd(logFile, kSubject);
     return isRead;
 }

@@ -6,7 +6,11 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/support/engine_bench.h"
 
@@ -687,6 +691,50 @@ TEST(OutputFlagReader, ClearsEveryFlagWhenTheFileCannotBeOpened) {
     EXPECT_FALSE(bench.engine.SetMemberDeformAngleOutputFlag());
     EXPECT_THAT(bench.Flags(), Each(false));
 }
+
+#ifndef _WIN32
+
+namespace {
+
+// A log that calls `look` with every piece of text as it is written.
+class WatchedLog {
+public:
+    explicit WatchedLog(std::function<void(const std::string&)> look) : look_(std::move(look)) {
+        file_ = fopencookie(this, "w", {nullptr, Written, nullptr, nullptr});
+        std::setvbuf(file_, nullptr, _IONBF, 0);
+    }
+    ~WatchedLog() { std::fclose(file_); }
+    WatchedLog(const WatchedLog&) = delete;
+    WatchedLog& operator=(const WatchedLog&) = delete;
+    std::FILE* file() const { return file_; }
+
+private:
+    static ssize_t Written(void* self, const char* text, std::size_t size) {
+        static_cast<WatchedLog*>(self)->look_({text, size});
+        return static_cast<ssize_t>(size);
+    }
+
+    std::function<void(const std::string&)> look_;
+    std::FILE* file_ = nullptr;
+};
+
+}  // namespace
+
+TEST(OutputFlagReader, ClearsTheFlagsBeforeItOpensTheFile) {
+    FlagBench bench("MemberDeformAngle,11,\nFIN\n");
+    bench.engine.dataFilePath = bench.bench.folder.Path("missing.csv");
+    std::vector<bool> whenOpeningFailed;
+    const WatchedLog log([&](const std::string& text) {
+        if (text.find("Cannot open data file") != std::string::npos)
+            whenOpeningFailed = bench.Flags();
+    });
+    std::FILE* const ownLog = std::exchange(bench.engine.logFile, log.file());
+    bench.engine.SetMemberDeformAngleOutputFlag();
+    bench.engine.logFile = ownLog;
+    EXPECT_THAT(whenOpeningFailed, ElementsAre(false, false, false, false, false));
+}
+
+#endif
 
 TEST(OutputFlagReader, ClearsEveryFlagWhenFinIsMissing) {
     FlagBench bench("x\n");
