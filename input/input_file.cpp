@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "log/processing_log.h"
+#include "platform/regular_file.h"
 
 namespace {
 
@@ -15,26 +16,10 @@ constexpr int kLastLineIndex = 100000;
 
 }  // namespace
 
-// Opened as binary: line ends and the character 0x1A then mean the same on every platform.
-InputFile::InputFile(const std::string& path) : file_(std::fopen(path.c_str(), "rb")) {
-    if (!file_) return;
-    // Some platforms open a folder and fail at the first read.
-    const int first = std::fgetc(file_.get());
-    if (first == EOF && std::ferror(file_.get()) != 0)
-        file_.reset();
-    else if (first != EOF)
-        std::ungetc(first, file_.get());
-}
+InputFile::InputFile(const std::string& path) : file_(OpenRegularFile(path, ReadMode::kText)) {}
 
 bool InputFile::ReadCharacter(char& character) {
-    int read = std::fgetc(file_.get());
-    if (read == '\r') {
-        const int next = std::fgetc(file_.get());
-        if (next == '\n')
-            read = next;
-        else if (next != EOF)
-            std::ungetc(next, file_.get());
-    }
+    const int read = ReadTextCharacter(file_.get());
     if (read == EOF) return false;
     character = static_cast<char>(read);
     return true;

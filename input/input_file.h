@@ -5,12 +5,16 @@
 #include <cstdint>
 #include <cstdio>
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/stdio_file.h"
+
 /// A Route 2 Input file, read line by line and field by field.
+///
+/// The file is text, as the C library of the platform reads it: on Windows the character 0x1A ends
+/// it, as it always has there.
 ///
 /// At most 199 characters are taken per read; the rest of a longer line is a line of its own. A
 /// carriage return just before a line feed does not count and is not kept. At the end of the file
@@ -22,7 +26,7 @@
 /// keeps its text. So a line without a comma has the keyword and the value of the lines before it.
 class InputFile {
 public:
-    /// Opens `path`; see IsOpen. A folder cannot be opened.
+    /// Opens `path`; see IsOpen. Only a regular file can be opened: no folder, pipe or device.
     explicit InputFile(const std::string& path);
 
     bool IsOpen() const { return file_ != nullptr; }
@@ -52,14 +56,10 @@ public:
     std::size_t LineNumber() const { return lineNumber_; }
 
 private:
-    struct CloseFile {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
-
     bool ReadCharacter(char& character);
     std::string_view Field(std::size_t index) const;
 
-    std::unique_ptr<std::FILE, CloseFile> file_;
+    StdioFile file_;
     bool isAtEnd_ = false;
     std::string line_;
     std::size_t lineNumber_ = 0;

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 #include <cmath>
 #include <cstdint>
@@ -314,12 +317,46 @@ TEST(InputFileEnd, OfAnEmptyFileIsAnEmptyLine) {
     }
 }
 
-TEST(InputFileEnd, IsNotAtTheCharacterThatOnceEndedTextFiles) {
+#ifdef _WIN32
+
+TEST(InputFileEnd, IsAtTheCharacterThatEndsTextsOnWindows) {
+    Input input("A,1\nB,2\x1a,3\nFIN\n");
+    input.file.ReadLine();
+    EXPECT_EQ("1", input.file.Value(1));
+    for (int i = 0; i < 3; ++i) {
+        input.file.ReadLine();
+        EXPECT_EQ("B", input.file.Keyword());
+        EXPECT_EQ("2", input.file.Value(1));
+        EXPECT_EQ(1u, input.file.ListEnd());
+        EXPECT_FALSE(input.file.IsFin());
+    }
+}
+
+#else
+
+TEST(InputFileEnd, IsNotAtTheCharacterThatEndsTextsElsewhere) {
     Input input("A,1\x1a,2\nFIN\n");
     input.file.ReadLine();
     EXPECT_EQ("2", input.file.Value(2));
     input.file.ReadLine();
     EXPECT_TRUE(input.file.IsFin());
+}
+
+// Nobody writes into the pipe: opened, it would be waited for without end.
+TEST(InputFileOpening, FailsForAPipeAtOnce) {
+    const TestFolder folder;
+    ASSERT_EQ(0, mkfifo(folder.Path("pipe.csv").c_str(), 0600));
+    EXPECT_FALSE(InputFile(folder.Path("pipe.csv")).IsOpen());
+}
+
+#endif
+
+TEST(InputFileOpening, FailsForADevice) {
+#ifdef _WIN32
+    EXPECT_FALSE(InputFile("NUL").IsOpen());
+#else
+    EXPECT_FALSE(InputFile("/dev/null").IsOpen());
+#endif
 }
 
 TEST(InputFileOpening, FailsForAMissingFileAndForAFolder) {
