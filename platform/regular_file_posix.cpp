@@ -5,7 +5,7 @@
 #include "platform/regular_file.h"
 
 FileKind FileKindOf(const std::string& path) {
-    struct stat found;
+    struct stat found {};
     if (stat(path.c_str(), &found) != 0) return FileKind::kNothing;
     if (S_ISREG(found.st_mode)) return FileKind::kRegular;
     return S_ISDIR(found.st_mode) ? FileKind::kFolder : FileKind::kOther;
@@ -17,7 +17,7 @@ StdioFile OpenRegularFile(const std::string& path, ReadMode /*mode*/) {
     // Without O_NONBLOCK, a pipe put there in between would be waited for.
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     if (file < 0) return nullptr;
-    struct stat opened;
+    struct stat opened {};
     if (fstat(file, &opened) == 0 && S_ISREG(opened.st_mode))
         if (std::FILE* const stream = fdopen(file, "r")) return StdioFile(stream);
     close(file);

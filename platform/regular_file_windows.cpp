@@ -2,16 +2,14 @@
 #include <io.h>
 #include <windows.h>
 
+#include "platform/full_path.h"
 #include "platform/narrow_text.h"
 #include "platform/regular_file.h"
 
 FileKind FileKindOf(const std::string& path) {
     const std::wstring wide = WideText(path);
     // Devices and pipes have attributes, too, in some versions of Windows.
-    std::wstring full(wide.size() + MAX_PATH + 1, L'\0');
-    full.resize(
-        GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-    if (full.starts_with(L"\\\\.\\")) return FileKind::kOther;
+    if (FullPath(wide).starts_with(L"\\\\.\\")) return FileKind::kOther;
     const DWORD attributes = GetFileAttributesW(wide.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return FileKind::kNothing;
     if ((attributes & FILE_ATTRIBUTE_DEVICE) != 0) return FileKind::kOther;
