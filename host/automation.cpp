@@ -108,6 +108,12 @@ void CopyElements(SAFEARRAY* array, std::span<Value> values) {
     }
 }
 
+// Only these two say which argument they mean; what stands in its place after any other failure,
+// and hosts in other processes always put a 0 there, means nothing.
+bool NamesAnArgument(HRESULT status) {
+    return status == DISP_E_TYPEMISMATCH || status == DISP_E_PARAMNOTFOUND;
+}
+
 }  // namespace
 
 VARIANT NumberArgument(std::int32_t value) noexcept {
@@ -265,7 +271,7 @@ void AutomationDriver::Invoke(const HostMember& member, WORD kind,
         throw AutomationError(status, text, std::move(account));
     }
     std::string text = what() + StatusText(status);
-    if (wrongArgument < reversed.size())
+    if (NamesAnArgument(status) && wrongArgument < reversed.size())
         text += " (argument " + std::to_string(reversed.size() - wrongArgument) + ")";
     throw AutomationError(status, text);
 }

@@ -171,6 +171,20 @@ TEST_F(AutomationDriverTest, FailureCountsTheRefusedArgumentFromOne) {
     EXPECT_THAT(error.what(), HasSubstr("(argument 1)"));
 }
 
+// As a host in another process answers: it always puts a number there.
+TEST_F(AutomationDriverTest, FailureThatMeansNoArgumentNamesNone) {
+    Attach();
+    for (const HRESULT status : {E_ACCESSDENIED, E_INVALIDARG, DISP_E_MEMBERNOTFOUND}) {
+        fake.answer = [status](FakeCall& call) {
+            call.RefuseArgument(1);
+            return status;
+        };
+        const AutomationError error = FailureOf({NumberArgument(12)});
+        EXPECT_EQ(status, error.status());
+        EXPECT_THAT(error.what(), testing::Not(HasSubstr("argument")));
+    }
+}
+
 TEST_F(AutomationDriverTest, RaisesTheHostsOwnExceptionWithItsStatus) {
     Attach();
     fake.answer = [](FakeCall& call) {
