@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <filesystem>
 #include <iterator>
 #include <limits>
 #include <optional>
@@ -11,8 +10,8 @@
 
 #include "host/json_reader.h"
 #include "host/qhm_file.h"
-#include "platform/native_path.h"
 #include "platform/one_line.h"
+#include "platform/regular_file.h"
 #include "platform/stdio_file.h"
 
 namespace {
@@ -376,11 +375,10 @@ void QhmReader::Complete() {
 
 // A device or a pipe may have no end.
 StdioFile OpenModelFile(const std::string& path) {
-    std::error_code ignored;
-    const auto status = std::filesystem::status(NativePath(path), ignored);
-    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+    const FileKind kind = FileKindOf(path);
+    if (kind == FileKind::kFolder || kind == FileKind::kOther)
         throw JsonError("is not a regular file; expected a host model file (.qhm)");
-    StdioFile file = OpenStdioFile(path, "rb");
+    StdioFile file = OpenRegularFile(path, ReadMode::kBytes);
     if (!file) throw JsonError("cannot be opened; expected a host model file (.qhm)");
     return file;
 }

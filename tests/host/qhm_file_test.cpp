@@ -2,16 +2,17 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+
+#include "tests/support/file_size_limit.h"
+#endif
 
 #include <cmath>
 #include <filesystem>
 #include <limits>
 
 #include "tests/support/test_folder.h"
-
-#ifndef _WIN32
-#include <sys/stat.h>
-#endif
 
 using testing::AllOf;
 using testing::ElementsAre;
@@ -419,6 +420,13 @@ TEST_F(QhmFile, ATruncatedFileIsRefusedWhereverItEnds) {
 
 #ifndef _WIN32
 
+// Far larger than memory, all zeros: it must not be read to its end first.
+TEST_F(QhmFile, AnEnormousFileIsRefusedAtItsFirstFault) {
+    const std::string path = folder.Write("enormous.qhm", "");
+    std::filesystem::resize_file(path, std::uintmax_t{64} << 30);
+    EXPECT_THAT(ErrorOf(path), IsOneLineAbout(path, "JSON"));
+}
+
 // Nobody writes to the pipe, and the device has no end: opening the one and reading the other would
 // last for ever.
 TEST_F(QhmFile, APipeOrADeviceIsRefusedUnread) {
@@ -569,13 +577,16 @@ TEST_F(QhmFile, AFolderThatDoesNotExistIsAnErrorWithThePath) {
 
 #ifndef _WIN32
 
-// A device that is always full stands in for a full disk.
 TEST_F(QhmFile, AFullDiskIsAnErrorThatLeavesTheOlderFile) {
     const std::string path = folder.Write("tower.qhm", "earlier\n");
-    std::filesystem::create_symlink("/dev/full", folder.Path("tower.qhm.part"));
-    EXPECT_THAT(WriteError(SmallModel(), path), AllOf(StartsWith(path), HasSubstr("disk is full")));
+    std::string error;
+    {
+        const FileSizeLimit fullDisk(100);
+        error = WriteError(SmallModel(), path);
+    }
+    EXPECT_THAT(error, AllOf(StartsWith(path), HasSubstr("disk is full")));
     EXPECT_EQ("earlier\n", folder.Read("tower.qhm"));
-    EXPECT_FALSE(std::filesystem::is_symlink(folder.Path("tower.qhm.part")));
+    EXPECT_EQ(1, std::distance(std::filesystem::directory_iterator(folder.Path("")), {}));
 }
 
 #endif
