@@ -4,6 +4,7 @@
 
 #include "log/formatted_print.h"
 #include "platform/file_lookup.h"
+#include "platform/regular_file.h"
 #include "report/results_csv.h"
 #include "route2/aij_code_route2.h"
 #include "route2/form_findings.h"
@@ -59,16 +60,37 @@ constexpr Step kSteps[] = {
     {StatusText::kCalculationComplete, [](AijCodeRoute2&) {}},
 };
 
+std::string WhyLogIsNotOpen(const AijCodeRoute2& engine) {
+    const std::string log = "the log file " + engine.logFilePath;
+    if (engine.logOpening == ReportOpening::kHeld)
+        return log +
+               " cannot be opened: another run is writing it, or another program keeps it "
+               "to itself";
+    if (engine.logOpening == ReportOpening::kNotAFile)
+        return log + " cannot be opened: what stands there is not a regular file";
+    return log + " cannot be opened for writing";
+}
+
 std::string WhyInitializeFailed(const AijCodeRoute2& engine) {
-    if (engine.logFile == nullptr)
-        return "the log file " + engine.logFilePath + " cannot be opened for writing";
+    if (engine.logFile == nullptr) return WhyLogIsNotOpen(engine);
+    if (FileKindOf(engine.dataFilePath) != FileKind::kRegular)
+        return "the input file " + engine.dataFilePath + " is not a regular file";
     return "the input file " + engine.dataFilePath +
            " cannot be read up to a line that begins with FIN (see the log)";
 }
 
 // The guarded part of a run.
 void RunSteps(AijCodeRoute2& engine, const std::string& modelPath, const std::string& inputFilePath,
-              StatusList& status, ReportPaths& reports, RunOutcome& outcome) {
+              StatusList& status, ReportPaths& reports, RunOutcome& outcome,
+              const FileGuard& guard) {
+    const RunFiles files = FilesOfRun(inputFilePath, modelPath);
+    if (const auto collision = guard(files)) {
+        reports = {files.log, files.results};
+        outcome.filesCollide = true;
+        outcome.failure = *collision;
+        status.Append(StatusText::kInitializeFailed);
+        return;
+    }
     if (!engine.Initialize(modelPath, inputFilePath, reports.logFile, reports.resultFile)) {
         outcome.failure = WhyInitializeFailed(engine);
         status.Append(StatusText::kInitializeFailed);
@@ -91,9 +113,9 @@ void RunSteps(AijCodeRoute2& engine, const std::string& modelPath, const std::st
 
 void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
                 const std::string& inputFilePath, StatusList& status, ReportPaths& reports,
-                RunOutcome& outcome) {
+                RunOutcome& outcome, const FileGuard& guard) {
     try {
-        RunSteps(engine, modelPath, inputFilePath, status, reports, outcome);
+        RunSteps(engine, modelPath, inputFilePath, status, reports, outcome, guard);
     } catch (int number) {
         outcome.failure = "error number " + std::to_string(number);
         status.Append(StatusText::kWrongFilePath);
@@ -110,7 +132,10 @@ void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
 // Closes the log, and notes which reports are whole and which could not be written to their end.
 void CloseLog(const AijCodeRoute2& engine, RunOutcome& outcome) {
     outcome.opensLog = engine.logFile != nullptr;
+    outcome.logIsHeld = engine.logOpening == ReportOpening::kHeld;
     outcome.resultsWritten = engine.resultFileWritten;
+    outcome.resultsNotOpened = outcome.complete && engine.resultOpening != ReportOpening::kOpen;
+    outcome.resultsAreHeld = engine.resultOpening == ReportOpening::kHeld;
     if (engine.resultFile != nullptr && !engine.resultFileWritten)
         outcome.incompleteReports.push_back(engine.resultFilePath);
     if (engine.logFile == nullptr) return;
@@ -131,7 +156,8 @@ RunEnd EndOf(const RunOutcome& outcome) {
 }  // namespace
 
 RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
-                      StatusList& status, ReportPaths& reports, WantsFindings wantsFindings) {
+                      StatusList& status, ReportPaths& reports, WantsFindings wantsFindings,
+                      const FileGuard& guard) {
     RunOutcome outcome;
     status.Clear();
     if (inputFilePath.empty()) {
@@ -155,7 +181,7 @@ RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& con
     // Stands for the log until Initialize names it.
     reports.logFile = ReportStem(modelPath) + "Route2.log";
     AijCodeRoute2 engine(host, WriteResultRows);
-    RunGuarded(engine, modelPath, inputFilePath, status, reports, outcome);
+    RunGuarded(engine, modelPath, inputFilePath, status, reports, outcome, guard);
 
     status.Append(StatusText::kFinishes);
     CloseLog(engine, outcome);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "compute/run_files.h"
 #include "compute/status_texts.h"
 #include "host/host_queries.h"
 #include "route2/findings.h"
@@ -34,7 +35,14 @@ struct RunOutcome {
     bool opensLog = false;        ///< the run wrote a log, at ReportPaths::logFile
     bool resultsWritten = false;  ///< every row is in the results, at ReportPaths::resultFile
     bool hostFailed = false;      ///< a host call failed, which ended the run
+    bool filesCollide = false;    ///< the guard refused the run: nothing was opened
+    bool logIsHeld = false;       ///< the log cannot be opened: another run is writing it
     std::string failure;  ///< why a run that is not complete ended, one sentence without a stop
+
+    /// A complete run could not open its results: what stands at ReportPaths::resultFile, if
+    /// anything does, is not of this run.
+    bool resultsNotOpened = false;
+    bool resultsAreHeld = false;  ///< ... because another run is writing them
 
     /// Paths of reports that were opened and could not be written to their end: the disk is full,
     /// or the connection to it broke. Neither the status list nor the log tells.
@@ -57,6 +65,10 @@ using HostConnector = std::function<HostQueries*()>;
 /// Everything that goes wrong inside the run's guarded block ends in the status list. What the
 /// connector, GetModelFilePath or GetBaseUnitSystem throw leaves this function: no log is open by
 /// then, and no closing lines are shown.
+///
+/// `guard` is asked once the model's path is known. A run that it refuses ends as one whose log
+/// cannot be opened.
 RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
                       StatusList& status, ReportPaths& reports,
-                      WantsFindings wantsFindings = WantsFindings::kNo);
+                      WantsFindings wantsFindings = WantsFindings::kNo,
+                      const FileGuard& guard = RequireSourcesKept);

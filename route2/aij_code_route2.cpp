@@ -25,7 +25,9 @@ bool AijCodeRoute2::Initialize(std::string modelPath, std::string dataPath, std:
     resultFilePath = ResultPath(modelPath);
     resultPathOut = resultFilePath;
 
-    logFile = std::fopen(logFilePath.c_str(), "w");
+    const OpenedReport log = OpenReport(logFilePath);
+    logFile = log.stream;
+    logOpening = log.opening;
     if (logFile == nullptr) return false;
 
     modelFilePath = std::move(modelPath);

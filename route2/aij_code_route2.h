@@ -9,6 +9,7 @@
 
 #include "host/host_queries.h"
 #include "log/warnings.h"
+#include "platform/report_file.h"
 #include "route2/gravity_center.h"
 #include "route2/member_ends.h"
 #include "route2/node_table.h"
@@ -132,9 +133,12 @@ public:
 
     // Written by Initialize; logFile is closed by the run.
     std::FILE* logFile = nullptr;
+    ReportOpening logOpening = ReportOpening::kNotTried;
 
-    // Written by PrintStoryInfoCsv.
+    // Written by PrintStoryInfoCsv. An exception that ends the writing leaves the stream open and
+    // the file complete up to the row that failed.
     std::FILE* resultFile = nullptr;
+    ReportOpening resultOpening = ReportOpening::kNotTried;
     bool resultFileWritten = false;  ///< all rows went to the results file, none was lost
     PrintedVerdicts printedVerdicts;
 

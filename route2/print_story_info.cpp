@@ -5,18 +5,21 @@
 
 void AijCodeRoute2::PrintStoryInfoCsv() {
     Print(logFile, "\nStarts printing story info in csv style...\n");
-    resultFile = std::fopen(resultFilePath.c_str(), "w");
+    const OpenedReport results = OpenReport(resultFilePath);
+    resultFile = results.stream;
+    resultOpening = results.opening;
     if (resultFile == nullptr) {
         // One more try empties the file where it succeeds, but the run has no results either way.
-        resultFile = std::fopen(resultFilePath.c_str(), "w");
+        resultFile = OpenReport(resultFilePath).stream;
         Warn(WarningKind::kCannotOpenResults, 0, resultFilePath);
         return;
     }
     try {
         printedVerdicts = writeResultRows(resultFile, *this);
     } catch (...) {
-        // Left open, the file would be incomplete and in use until the program ends.
-        CloseResultFile();
+        // The stream stays open, but not in the way of the next run, which may follow in the same
+        // program; and nothing is kept back that would come into its results when the program ends.
+        ReleaseReport(resultFile);
         throw;
     }
     const bool noWriteFailed = std::ferror(resultFile) == 0;

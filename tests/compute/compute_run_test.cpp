@@ -487,3 +487,45 @@ TEST_F(ComputeRun, AModelWithoutAnythingCompletesWithEmptyResults) {
     EXPECT_THAT(Csv(), Not(HasSubstr("PASS")));
     EXPECT_THAT(Csv(), EndsWith("Result(X),Result(Z(or Y))\n"));
 }
+
+// A run that would destroy its input or its model ends as one whose log cannot be opened.
+TEST_F(ComputeRun, ReportsThatWouldDestroyTheModelEndTheRunAtItsStart) {
+    folder.Write("tower.ext", "the model");
+    for (const char* report : {"tower.aijR2Log.txt", "tower.aijR2Result.csv"}) {
+        std::filesystem::create_hard_link(host.modelPath, folder.Path(report));
+        host.calls.clear();
+        const RunOutcome outcome = Run();
+        EXPECT_EQ(Lines{"Failed to initialize AijCodeRoute2..."} + kClosingLines, status.lines);
+        EXPECT_THAT(host.calls, ElementsAre("GetModelFilePath()", "GetBaseUnitSystem()"));
+        EXPECT_TRUE(outcome.filesCollide);
+        EXPECT_FALSE(outcome.opensLog);
+        EXPECT_THAT(outcome.failure, HasSubstr("the model would be overwritten"));
+        EXPECT_EQ(folder.Path("tower.aijR2Log.txt"), reports.logFile);
+        EXPECT_EQ(folder.Path("tower.aijR2Result.csv"), reports.resultFile);
+        EXPECT_EQ("the model", folder.Read("tower.ext"));
+        std::filesystem::remove(folder.Path(report));
+    }
+    EXPECT_FALSE(folder.Has("tower.aijR2Log.txt"));
+}
+
+TEST_F(ComputeRun, ReportsThatWouldDestroyTheInputEndTheRunAtItsStart) {
+    std::filesystem::create_hard_link(inputPath, folder.Path("tower.aijR2Result.csv"));
+    EXPECT_TRUE(Run().filesCollide);
+    EXPECT_EQ(kSmallBuildingInput, folder.Read("input.csv"));
+}
+
+TEST_F(ComputeRun, AsksTheGuardOnceTheModelIsKnownAndOpensNothingWhenItRefuses) {
+    RunFiles asked;
+    const RunOutcome outcome = RunCompute(
+        inputPath, [this] { return &host; }, status, reports, WantsFindings::kNo,
+        [&](const RunFiles& files) {
+            asked = files;
+            return std::optional<std::string>("no");
+        });
+    EXPECT_EQ(inputPath, asked.input);
+    EXPECT_EQ(host.modelPath, asked.model);
+    EXPECT_EQ(folder.Path("tower.aijR2Log.txt"), asked.log);
+    EXPECT_EQ(folder.Path("tower.aijR2Result.csv"), asked.results);
+    EXPECT_EQ("no", outcome.failure);
+    EXPECT_FALSE(folder.Has("tower.aijR2Log.txt"));
+}

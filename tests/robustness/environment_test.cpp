@@ -10,8 +10,13 @@
 #include <functional>
 #ifdef _WIN32
 #include <windows.h>
+#else
+#include <sys/stat.h>
+
+#include "tests/support/file_size_limit.h"
 #endif
 
+#include "platform/report_file.h"
 #include "tests/support/status_lines.h"
 #include "tests/support/test_folder.h"
 #include "tests/support/two_story_building.h"
@@ -196,45 +201,72 @@ TEST_F(Environment, AFolderWithoutTheRightToWriteEndsTheRunAtItsStart) {
     ExpectInitializeFailed();
 }
 
-// A device that is always full stands in for a full disk.
-constexpr const char* kFullDisk = "/dev/full";
+// What a run may write before the disk is full: the log, of 2 kB or so, but not the results, of 6.
+constexpr std::uintmax_t kRoomForTheLog = 4000;
 
 TEST_F(Environment, AFullDiskLeavesTheStatusListAndTheLogAsTheyAre) {
     Run();
     const std::vector<std::string> status = status_.lines;
     const std::string log = folder_.Read(kLog);
-    std::filesystem::remove(folder_.Path(kResults));
-    std::filesystem::create_symlink(kFullDisk, folder_.Path(kResults));
-    Run();
+    ASSERT_LT(log.size(), kRoomForTheLog);
+    ASSERT_GT(folder_.Read(kResults).size(), kRoomForTheLog);
+    {
+        const FileSizeLimit fullDisk(kRoomForTheLog);
+        Run();
+    }
     EXPECT_EQ(status, status_.lines);
     EXPECT_EQ(log, folder_.Read(kLog));
 }
 
 TEST_F(Environment, ResultsLostOnAFullDiskAreInTheOutcome) {
-    std::filesystem::create_symlink(kFullDisk, folder_.Path(kResults));
-    Run();
+    {
+        const FileSizeLimit fullDisk(kRoomForTheLog);
+        Run();
+    }
     EXPECT_TRUE(outcome_.complete);
     EXPECT_FALSE(outcome_.resultsWritten);
     EXPECT_THAT(outcome_.incompleteReports, ElementsAre(folder_.Path(kResults)));
 }
 
-// Few enough rows to stay in the stream's buffer until the file is closed.
-TEST_F(Environment, ResultsLostAtTheLastMomentAreInTheOutcome) {
+// Few enough rows to stay in the stream's buffer until the file is closed; so has the log.
+TEST_F(Environment, ReportsLostAtTheLastMomentAreInTheOutcome) {
     FakeHost small;
     small.modelPath = host_.modelPath;
-    std::filesystem::create_symlink(kFullDisk, folder_.Path(kResults));
-    RunOn(small);
-    EXPECT_TRUE(outcome_.complete);
+    {
+        const FileSizeLimit fullDisk(100);
+        RunOn(small);
+    }
+    ExpectWholeRun();
     EXPECT_FALSE(outcome_.resultsWritten);
-    EXPECT_THAT(outcome_.incompleteReports, ElementsAre(folder_.Path(kResults)));
+    EXPECT_THAT(outcome_.incompleteReports,
+                ElementsAre(folder_.Path(kResults), folder_.Path(kLog)));
 }
 
-TEST_F(Environment, ALogLostOnAFullDiskIsInTheOutcome) {
-    std::filesystem::create_symlink(kFullDisk, folder_.Path(kLog));
+// What is not a regular file is not opened: nobody waits at a pipe, no device is written to.
+
+TEST_F(Environment, APipeInPlaceOfTheLogEndsTheRunAtItsStart) {
+    ASSERT_EQ(0, mkfifo(folder_.Path(kLog).c_str(), 0600));
+    Run();
+    ExpectInitializeFailed();
+    EXPECT_THAT(outcome_.failure, HasSubstr("not a regular file"));
+    EXPECT_FALSE(outcome_.logIsHeld);
+}
+
+TEST_F(Environment, ADeviceInPlaceOfTheResultsIsNamedInTheLog) {
+    std::filesystem::create_symlink("/dev/full", folder_.Path(kResults));
     Run();
     ExpectWholeRun();
-    EXPECT_THAT(outcome_.incompleteReports, ElementsAre(folder_.Path(kLog)));
-    EXPECT_THAT(folder_.Read(kResults), Not(IsEmpty()));
+    EXPECT_TRUE(outcome_.resultsNotOpened);
+    EXPECT_THAT(folder_.Read(kLog), HasSubstr("Cannot open result file"));
+}
+
+TEST_F(Environment, APipeInPlaceOfTheInputEndsTheRunWithAWarning) {
+    std::filesystem::remove(folder_.Path("input.csv"));
+    ASSERT_EQ(0, mkfifo(folder_.Path("input.csv").c_str(), 0600));
+    Run();
+    ExpectInitializeFailed();
+    EXPECT_THAT(folder_.Read(kLog), HasSubstr("Cannot open data file"));
+    EXPECT_THAT(outcome_.failure, HasSubstr("is not a regular file"));
 }
 
 TEST_F(Environment, AModelFolderThatVanishesTakesTheReportsWithIt) {
@@ -258,7 +290,58 @@ TEST_F(Environment, ResultsThatCouldNotBeOpenedAreNotCalledIncomplete) {
     std::filesystem::create_directory(folder_.Path(kResults));
     Run();
     EXPECT_FALSE(outcome_.resultsWritten);
+    EXPECT_TRUE(outcome_.resultsNotOpened);
     EXPECT_THAT(outcome_.incompleteReports, IsEmpty());
+}
+
+// A second run while the first one writes.
+
+TEST_F(Environment, ALogThatAnotherRunWritesEndsTheRunAtItsStartAndStays) {
+    const OpenedReport other = OpenReport(folder_.Path(kLog));
+    std::fputs("half a log", other.stream);
+    std::fflush(other.stream);
+    Run();
+    ExpectInitializeFailed();
+    EXPECT_TRUE(outcome_.logIsHeld);
+    EXPECT_THAT(outcome_.failure, HasSubstr("another run is writing it"));
+    EXPECT_EQ("half a log", folder_.Read(kLog));
+    std::fclose(other.stream);
+    Run();
+    ExpectWholeRun();
+}
+
+TEST_F(Environment, ResultsThatAnotherRunWritesAreNamedInTheLogAndStay) {
+    const OpenedReport other = OpenReport(folder_.Path(kResults));
+    std::fputs("half of the results", other.stream);
+    std::fflush(other.stream);
+    Run();
+    ExpectWholeRun();
+    EXPECT_TRUE(outcome_.resultsNotOpened);
+    EXPECT_TRUE(outcome_.resultsAreHeld);
+    EXPECT_THAT(folder_.Read(kLog), HasSubstr("Cannot open result file"));
+    EXPECT_EQ("half of the results", folder_.Read(kResults));
+    std::fclose(other.stream);
+}
+
+TEST_F(Environment, ARunHoldsItsLogFromItsFirstQuestionOnAndReadersMayLook) {
+    bool isHeld = false;
+    RunWithChange(CallNumber("AreResultsAvailable()"), [&] {
+        isHeld = OpenReport(folder_.Path(kLog)).opening == ReportOpening::kHeld;
+        EXPECT_NO_THROW(folder_.Read(kLog));
+    });
+    EXPECT_TRUE(isHeld);
+    ExpectWholeRun();
+}
+
+// Without a guard of its own, a run that mixes up its two reports has no results.
+TEST_F(Environment, AResultsFileThatIsTheLogIsNamedInTheLog) {
+    folder_.Write(kLog, "");
+    std::filesystem::create_hard_link(folder_.Path(kLog), folder_.Path(kResults));
+    Run();
+    ExpectWholeRun();
+    EXPECT_TRUE(outcome_.resultsNotOpened);
+    EXPECT_THAT(folder_.Read(kLog), HasSubstr("Cannot open result file"));
+    EXPECT_THAT(folder_.Read(kLog), Not(HasSubstr("-----")));
 }
 
 // An input file that changes while the run reads it: each reader opens it anew.
