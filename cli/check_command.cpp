@@ -3,14 +3,15 @@
 #include <algorithm>
 #include <iostream>
 
+#include "cli/messages.h"
 #include "cli/run_reports.h"
 #include "cli/summary.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "input/input_file.h"
-#include "platform/native_path.h"
+#include "platform/one_line.h"
+#include "platform/regular_file.h"
 #include "platform/terminal.h"
-#include "route2/report_paths.h"
 
 namespace {
 
@@ -23,10 +24,10 @@ public:
 
 void CautionAboutLoadCases(const std::string& inputPath) {
     for (const std::size_t line : FindLinesThatRepeatEarthquakeCase(inputPath))
-        std::cerr << "quarnel-cli: caution: " << inputPath << ", line " << line
-                  << ": this line has no comma and follows EarthquakeLoadCaseNumber, so it sets "
-                     "both earthquake load cases to the second number given there; put it "
-                     "elsewhere or end it with a comma\n";
+        TellCaution(inputPath + ", line " + std::to_string(line) +
+                    ": this line has no comma and follows EarthquakeLoadCaseNumber, so it sets "
+                    "both earthquake load cases to the second number given there; put it "
+                    "elsewhere or end it with a comma");
 }
 
 // Verdicts are shown from whole reports only: a table with rows missing could pass for good.
@@ -36,7 +37,7 @@ void PrintReports(const ReportPaths& reports, const RunOutcome& outcome) {
                outcome.incompleteReports.end();
     };
     const auto place = [&isIncomplete](const std::string& path) {
-        return isIncomplete(path) ? path + " (incomplete)" : path;
+        return isIncomplete(path) ? OneLine(path) + " (incomplete)" : OneLine(path);
     };
     const LogReport log = ReadLog(reports.logFile);
     if (outcome.resultsWritten && !isIncomplete(reports.logFile))
@@ -47,51 +48,67 @@ void PrintReports(const ReportPaths& reports, const RunOutcome& outcome) {
               << (hasResults ? place(reports.resultFile) : "none written by this run") << std::endl;
 }
 
-// A run overwrites its two reports; an input file must not be one of them.
-bool IsReportOf(const std::string& modelPath, const std::string& inputPath) {
-    return IsSameFile(inputPath, LogPath(modelPath)) ||
-           IsSameFile(inputPath, ResultPath(modelPath));
+void CautionAboutReports(const ReportPaths& reports, const RunOutcome& outcome) {
+    for (const std::string& report : outcome.incompleteReports)
+        TellCaution(report +
+                    " is incomplete: it could not be written to its end; see that the disk has "
+                    "room, and run again");
+    if (!outcome.resultsNotOpened) return;
+    const std::string refused =
+        reports.resultFile + " cannot be opened for writing" +
+        (outcome.resultsAreHeld ? ", another run or program keeps it to itself" : "");
+    const bool isOlder = FileKindOf(reports.resultFile) == FileKind::kRegular;
+    TellCaution(refused + (isOlder ? ": what stands there is from an earlier run, not from this one"
+                                   : ": this run has no results"));
+}
+
+void TellWhyItEnded(const RunOutcome& outcome) {
+    // A host can say as much as it likes.
+    constexpr std::size_t kLongestHostText = 500;
+    if (outcome.filesCollide)
+        TellError(outcome.failure + "; nothing was written");
+    else
+        TellError("the run ended early: " + (outcome.hostFailed
+                                                 ? OneLine(outcome.failure, kLongestHostText)
+                                                 : outcome.failure));
 }
 
 }  // namespace
 
-RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inputPath) {
+RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inputPath,
+                       const FileGuard& guard) {
     CautionAboutLoadCases(inputPath);
     TerminalStatusList status;
     ReportPaths reports;
     RunOutcome outcome;
     try {
-        outcome = RunCompute(inputPath, connectHost, status, reports);
+        outcome = RunCompute(inputPath, connectHost, status, reports, WantsFindings::kNo, guard);
     } catch (const std::exception& error) {
         outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
         outcome.failure = error.what();
     }
     if (outcome.opensLog) PrintReports(reports, outcome);
-    for (const std::string& report : outcome.incompleteReports)
-        std::cerr << "quarnel-cli: caution: " << report
-                  << " is incomplete: it could not be written to its end; see that the disk has "
-                     "room, and run again\n";
-    if (!outcome.complete)
-        std::cerr << "quarnel-cli: the run ended early: " << outcome.failure << "\n";
+    CautionAboutReports(reports, outcome);
+    if (!outcome.complete) TellWhyItEnded(outcome);
     return outcome;
 }
 
 ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath) {
-    if (IsReportOf(modelPath, inputPath)) {
-        std::cerr
-            << "quarnel-cli: " << inputPath
-            << ": this is a report that the run would overwrite; name the Route 2 Input file\n";
+    // Looked at before the model is read: that takes its time, and a report that is the model is
+    // no model.
+    const FileGuard guard = RequireAllDistinct();
+    if (const auto collision = guard(FilesOfRun(inputPath, modelPath))) {
+        TellError(*collision + "; nothing was written");
         return kExitUsage;
     }
     QhmContents contents;
     try {
         contents = ReadQhmFileWithCautions(modelPath);
     } catch (const QhmFileError& error) {
-        std::cerr << "quarnel-cli: " << error.what() << "\n";
+        TellError(error.what());
         return kExitUsage;
     }
-    for (const std::string& caution : contents.cautions)
-        std::cerr << "quarnel-cli: caution: " << modelPath << ": " << caution << "\n";
+    for (const std::string& caution : contents.cautions) TellCaution(modelPath + ": " + caution);
     RecordedHost host(contents.model, modelPath);
-    return ExitCodeOf(CheckOnHost([&host] { return &host; }, inputPath));
+    return ExitCodeOf(CheckOnHost([&host] { return &host; }, inputPath, guard));
 }

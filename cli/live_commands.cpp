@@ -2,26 +2,40 @@
 
 #include <filesystem>
 #include <iostream>
+#include <optional>
 
 #include "cli/check_command.h"
+#include "cli/messages.h"
 #include "host/live_host.h"
 #include "host/qhm_file.h"
 #include "host/recording.h"
 #include "platform/native_path.h"
+#include "platform/one_line.h"
 #include "platform/terminal.h"
+#include "platform/whole_file.h"
 
 namespace {
 
-ExitCode Fail(ExitCode code, const std::string& text) {
-    std::cerr << "quarnel-cli: " << text << "\n";
-    return code;
+// Why a recording cannot be made. Looked at before the run, which can take minutes.
+std::optional<std::string> WhyRecordingIsRefused(const NamedFile& input,
+                                                 const NamedFile& recording) {
+    if (const auto collision = WhyFilesCollide({input, recording}))
+        return *collision + "; nothing was written";
+    const std::filesystem::path folder = NativePath(recording.path).parent_path();
+    std::error_code ignored;
+    if (!folder.empty() && !std::filesystem::is_directory(folder, ignored))
+        return recording.path + ": the folder of the recording does not exist";
+    try {
+        RequireWholeFileCanBeWritten(recording.path);
+    } catch (const WholeFileError& error) {
+        return recording.path + ": the recording cannot be written: " + error.what();
+    }
+    return std::nullopt;
 }
 
-// Looked at before the run, which can take minutes.
-bool CanHoldRecording(const std::string& recordingPath) {
-    const std::filesystem::path folder = NativePath(recordingPath).parent_path();
-    std::error_code ignored;
-    return folder.empty() || std::filesystem::is_directory(folder, ignored);
+ExitCode Fail(ExitCode code, const std::string& text) {
+    TellError(text);
+    return code;
 }
 
 // Shows how far the questions are, where somebody may be looking at the terminal: there can be
@@ -56,7 +70,7 @@ RecordedFor CompleteRecording(RememberingHost& host, const std::string& inputPat
 
 void DescribeRecording(const RecordedModel& model, const std::string& path) {
     const std::size_t endForces = model.endForces[0].size() + model.endForces[1].size();
-    std::cout << "Recorded: " << path << " (" << model.nodeList->size() << " nodes, "
+    std::cout << "Recorded: " << OneLine(path) << " (" << model.nodeList->size() << " nodes, "
               << model.memberList->size() << " members, " << model.displacements.size()
               << " node displacements, " << endForces << " member end forces; for "
               << (model.recordedFor->everything ? "every input file"
@@ -68,18 +82,20 @@ void DescribeRecording(const RecordedModel& model, const std::string& path) {
 
 ExitCode CheckRunningHost(const std::string& inputPath) {
     LiveHost host;
-    return ExitCodeOf(CheckOnHost([&host] { return host.Connect(); }, inputPath));
+    return ExitCodeOf(
+        CheckOnHost([&host] { return host.Connect(); }, inputPath, RequireAllDistinct()));
 }
 
 ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
                            RecordingScope scope) {
-    if (IsSameFile(inputPath, recordingPath))
-        return Fail(kExitUsage, recordingPath + ": the recording would overwrite the input file");
-    if (!CanHoldRecording(recordingPath))
-        return Fail(kExitUsage, recordingPath + ": the folder of the recording does not exist");
+    const NamedFile input{"the input file", inputPath, NamedFile::Use::kRead};
+    const NamedFile recording{"the recording", recordingPath, NamedFile::Use::kWritten};
+    if (const auto why = WhyRecordingIsRefused(input, recording)) return Fail(kExitUsage, *why);
 
     LiveHost live;
-    const RunOutcome outcome = CheckOnHost([&live] { return live.Connect(); }, inputPath);
+    const RunOutcome outcome =
+        CheckOnHost([&live] { return live.Connect(); }, inputPath, RequireAllDistinct({recording}));
+    if (outcome.filesCollide) return kExitUsage;
     RememberingHost* const host = live.Remembered();
     if (outcome.hostFailed)
         return Fail(kExitEndedEarly, recordingPath + ": not written: a host call failed");

@@ -1,14 +1,17 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
-#include <iostream>
 #include <new>
 #include <string>
 #include <vector>
 
 #include "cli/check_command.h"
 #include "cli/exit_codes.h"
+#include "cli/file_arguments.h"
 #include "cli/live_commands.h"
+#include "cli/messages.h"
 #include "platform/dll_search.h"
+#include "platform/standard_streams.h"
 #include "version.h"
 
 namespace {
@@ -35,17 +38,44 @@ The Route 2 Input file is comma-separated and ends with a line FIN, for example:
 Exit codes:
   0  the run reached "Calculation Complete" (checks may still say FAIL)
   1  the run ended before; standard error says why
-  2  wrong usage, or a model file that cannot be read)";
+  2  wrong usage, files that would overwrite each other, or a model file that
+     cannot be read
+
+A file name that begins with a hyphen goes behind "--".)";
+
+ExitCode WrongUsage(const std::string& text) {
+    TellError(text + " (quarnel-cli --help shows the usage)");
+    return kExitUsage;
+}
 
 // `check MODEL.qhm INPUT.csv` or, on the running host, `check INPUT.csv`.
 ExitCode Check(const std::vector<std::string>& files) {
     if (files.size() == 2) return CheckRecordedModel(files[0], files[1]);
+    if (files.size() != 1)
+        return WrongUsage("check takes MODEL.qhm and INPUT.csv, or INPUT.csv alone");
     if (files[0].ends_with(".qhm")) {
-        std::cerr << "quarnel-cli: check " << files[0]
-                  << ": name the Route 2 Input file too: check MODEL.qhm INPUT.csv\n";
+        TellError("check " + files[0] +
+                  ": name the Route 2 Input file too: check MODEL.qhm INPUT.csv");
         return kExitUsage;
     }
     return CheckRunningHost(files[0]);
+}
+
+ExitCode Record(const std::vector<std::string>& files, RecordingScope scope) {
+    if (files.size() != 2) return WrongUsage("record takes INPUT.csv and OUT.qhm");
+    return RecordRunningHost(files[0], files[1], scope);
+}
+
+// A command whose files the help describes; they do not reach the library.
+CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description) {
+    CLI::App* const command = app.add_subcommand(name, description);
+    command->footer(kFooter);
+    return command;
+}
+
+void DescribeFile(CLI::App& command, const std::string& name, const std::string& description) {
+    static_cast<void>(command.add_option_function<std::string>(
+        name, [](const std::string&) {}, description));
 }
 
 int RunCommand(int argc, char** argv) {
@@ -58,52 +88,53 @@ int RunCommand(int argc, char** argv) {
     app.require_subcommand(1);
     app.allow_windows_style_options(false);  // a path may begin with a slash
 
-    std::vector<std::string> files;
-    CLI::App* check = app.add_subcommand(
-        "check", "run the checks on a recorded building, or on the running host");
-    check
-        ->add_option("FILES", files,
-                     "MODEL.qhm INPUT.csv: a recorded building (log and results go beside it) "
-                     "and the Route 2 Input file; INPUT.csv alone: the running host")
-        ->required()
-        ->expected(1, 2);
-    check->footer(kFooter);
-
-    std::string input, recording;
-    CLI::App* record = app.add_subcommand(
-        "record", "run the checks on the running host and save its answers as a model file");
-    record->add_option("INPUT.csv", input, "Route 2 Input file")->required();
-    record->add_option("OUT.qhm", recording, "the recorded building to write")->required();
+    CLI::App* const check =
+        AddCommand(app, "check", "run the checks on a recorded building, or on the running host");
+    DescribeFile(*check, "FILES",
+                 "MODEL.qhm INPUT.csv: a recorded building (log and results go beside it) "
+                 "and the Route 2 Input file; INPUT.csv alone: the running host");
+    CLI::App* const record = AddCommand(
+        app, "record", "run the checks on the running host and save its answers as a model file");
+    DescribeFile(*record, "INPUT.csv", "Route 2 Input file");
+    DescribeFile(*record, "OUT.qhm", "the recorded building to write");
     bool recordsEverything = false;
     record->add_flag("--all", recordsEverything,
                      "ask for all nodes and members under all load cases, not only for what this "
                      "run needs: the recording then serves every input file");
-    record->footer(kFooter);
 
+    CommandLine line = TakeOutFiles(app, argc, argv);
+    std::reverse(line.options.begin(), line.options.end());  // as the library wants it
     try {
-        app.parse(argc, argv);
+        app.parse(std::move(line.options));
     } catch (const CLI::Success& helpOrVersion) {
         return app.exit(helpOrVersion);
     } catch (const CLI::ParseError& error) {
-        std::cerr << "quarnel-cli: " << error.what() << " (quarnel-cli --help shows the usage)\n";
-        return kExitUsage;
+        return WrongUsage(error.what());
     }
-    if (!record->parsed()) return Check(files);
-    return RecordRunningHost(
-        input, recording, recordsEverything ? RecordingScope::kEverything : RecordingScope::kRun);
+    if (check->parsed()) return Check(line.files);
+    return Record(line.files,
+                  recordsEverything ? RecordingScope::kEverything : RecordingScope::kRun);
+}
+
+int RunGuarded(int argc, char** argv) {
+    try {
+        return RunCommand(argc, argv);
+    } catch (const std::bad_alloc&) {
+        TellError("there is not enough memory for this model");
+    } catch (const std::exception& error) {
+        TellError(error.what());
+    }
+    return kExitEndedEarly;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     RestrictDllSearch();
-    try {
-        return RunCommand(argc, argv);
-    } catch (const std::bad_alloc&) {
-        std::cerr << "quarnel-cli: there is not enough memory for this model\n";
-        return kExitEndedEarly;
-    } catch (const std::exception& error) {
-        std::cerr << "quarnel-cli: " << error.what() << "\n";
-        return kExitEndedEarly;
-    }
+    PrepareStandardStreams();
+    StandardOutput output;
+    const int code = RunGuarded(argc, argv);
+    if (output.Finish() != Printed::kLost) return code;
+    TellError("standard output cannot be written: the disk is full, or the like");
+    return code == kExitComplete ? kExitEndedEarly : code;
 }

@@ -11,8 +11,3 @@ std::filesystem::path NativePath(const std::string& narrow) {
     return narrow;
 #endif
 }
-
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code ignored;
-    return std::filesystem::equivalent(NativePath(a), NativePath(b), ignored);
-}

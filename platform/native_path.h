@@ -6,6 +6,3 @@
 /// A narrow path as the C library's fopen understands it, for std::filesystem. On Windows the two
 /// differ: the standard library of some compilers drops what is not ASCII.
 std::filesystem::path NativePath(const std::string& narrow);
-
-/// True when both paths lead to the same existing file or folder.
-bool IsSameFile(const std::string& a, const std::string& b);

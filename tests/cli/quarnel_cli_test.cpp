@@ -280,32 +280,6 @@ TEST_F(QuarnelCli, AFolderInPlaceOfTheResultsIsAWarningOfACompleteRun) {
                 HasSubstr("Cannot open result file " + folder.Path("tower.aijR2Result.csv") + "."));
 }
 
-#ifndef _WIN32
-
-// A device that is always full stands in for a full disk.
-TEST_F(QuarnelCli, ResultsLostOnAFullDiskAreACautionOfACompleteRun) {
-    std::filesystem::create_symlink("/dev/full", folder.Path("tower.aijR2Result.csv"));
-    const ProgramRun run = Check();
-    EXPECT_EQ(0, run.exitCode);
-    EXPECT_THAT(run.out, StartsWith(kComplete));
-    EXPECT_THAT(run.err, IsOneLine());
-    EXPECT_THAT(run.err, HasSubstr(folder.Path("tower.aijR2Result.csv") + " is incomplete"));
-    EXPECT_THAT(run.out, HasSubstr("tower.aijR2Result.csv (incomplete)\n"));
-    EXPECT_THAT(run.out, Not(HasSubstr("Eccentricity modulus")));
-}
-
-TEST_F(QuarnelCli, ALogLostOnAFullDiskIsACautionOfACompleteRunWithoutATable) {
-    std::filesystem::create_symlink("/dev/full", folder.Path("tower.aijR2Log.txt"));
-    const ProgramRun run = Check();
-    EXPECT_EQ(0, run.exitCode);
-    EXPECT_THAT(run.err, HasSubstr(folder.Path("tower.aijR2Log.txt") + " is incomplete"));
-    EXPECT_THAT(run.out, HasSubstr("tower.aijR2Log.txt (incomplete)\nResults: " +
-                                   folder.Path("tower.aijR2Result.csv") + "\n"));
-    EXPECT_THAT(run.out, Not(HasSubstr("Eccentricity modulus")));
-}
-
-#endif
-
 TEST_F(QuarnelCli, AnExceptionInAStepEndsWithOneAndStillShowsTheLog) {
     FakeHost host;
     AddSmallBuilding(host);
