@@ -5,16 +5,22 @@
 #include <chrono>
 #include <cstdio>
 #include <exception>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "host/qhm_file.h"
+#include "platform/distinct_files.h"
 #include "platform/dll_search.h"
+#include "platform/full_path.h"
+#include "platform/held_file.h"
 #include "platform/narrow_text.h"
+#include "platform/one_line.h"
+#include "platform/standard_streams.h"
+#include "platform/whole_file.h"
 #include "samplehost/call_meter.h"
+#include "samplehost/hosts_place.h"
 #include "samplehost/running_host.h"
 #include "samplehost/sample_host.h"
 #include "samplehost/stop_signals.h"
@@ -51,23 +57,14 @@ struct Options {
 };
 
 int Fail(ExitCode code, const std::string& text) {
-    std::cerr << "SampleHost: " << text << "\n";
+    std::cerr << "SampleHost: " + OneLine(text) + "\n";
     return code;
 }
 
-// Full path, so that clients with another current directory find the model's folder.
-std::wstring FullPath(const std::string& path) {
-    const std::wstring wide = WideText(path);
-    std::wstring full(32768, L'\0');
-    const DWORD length =
-        GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-    full.resize(length);
-    return length == 0 ? wide : full;
-}
-
-// What clients get as the path of the model; no value when the file says that the host has none.
+// What clients get as the path of the model, in full, for they have current folders of their own;
+// no value when the file says that the host has none.
 std::optional<std::wstring> ModelPathOf(const RecordedModel& model, const std::string& qhmPath) {
-    if (!model.modelPath) return FullPath(qhmPath);
+    if (!model.modelPath) return FullPath(WideText(qhmPath));
     if (model.modelPath->empty()) return std::nullopt;
     return WideTextOfUtf8(*model.modelPath);
 }
@@ -78,39 +75,62 @@ std::string Counted(std::int32_t count, const char* what) {
 
 void Introduce(const RecordedModel& model, const std::optional<std::wstring>& modelPath,
                const Options& options) {
-    std::cout << "SampleHost plays the analysis host with the building in " << options.model
-              << ":\n  " << Counted(*model.nodeCount, "node") << ", "
+    std::cout << "SampleHost plays the analysis host with the building in "
+              << OneLine(options.model) << ":\n  " << Counted(*model.nodeCount, "node") << ", "
               << Counted(*model.memberCount, "member") << ", "
               << Counted(*model.primaryLoadCaseCount, "load case") << ", "
               << Counted(*model.loadCombinationCount, "load combination") << "; "
               << (*model.zUp ? "Z" : "Y") << " is vertical; "
               << (*model.baseUnitSystem == 1 ? "English" : "metric") << " units; "
               << (*model.resultsAvailable ? "with" : "without") << " analysis results\n"
-              << "  model path: " << (modelPath ? NarrowText(modelPath->c_str()) : "none") << "\n";
+              << "  model path: " << (modelPath ? OneLine(NarrowText(modelPath->c_str())) : "none")
+              << "\n";
     if (options.delayMs > 0)
         std::cout << "  every call takes at least " << options.delayMs << " ms\n";
     std::cout << "To stop it, press Enter or Ctrl+C here, close this window, or start\n"
                  "SampleHost.exe --stop.\n";
 }
 
+// Why the call counts cannot be written. Looked at before the host serves, which can take hours.
+std::optional<std::string> WhyCallCountsAreRefused(const Options& options,
+                                                   const std::string& modelPath) {
+    if (options.callCountFile.empty()) return std::nullopt;
+    using Use = NamedFile::Use;
+    if (auto why =
+            WhyFilesCollide({{"the model", options.model, Use::kRead},
+                             {"the model that clients are told of", modelPath, Use::kRead},
+                             {"the file of call counts", options.callCountFile, Use::kWritten}}))
+        return why;
+    try {
+        RequireWholeFileCanBeWritten(options.callCountFile);
+    } catch (const WholeFileError& error) {
+        return options.callCountFile + ": the call counts cannot be written: " + error.what();
+    }
+    return std::nullopt;
+}
+
 void WriteCallCounts(const CallMeter& meter, const std::string& path) {
-    std::ofstream file(path, std::ios::binary);
-    file << meter.Report();
-    if (!file.flush()) Fail(kExitStopped, path + ": the call counts cannot be written");
+    try {
+        WriteWholeFile(path, meter.Report());
+    } catch (const WholeFileError& error) {
+        Fail(kExitStopped, path + ": the call counts cannot be written: " + error.what());
+    }
 }
 
 int Serve(const Options& options) {
-    if (StopWindow::FindRunning() != nullptr)
-        return Fail(kExitRefused, "another SampleHost is running; SampleHost.exe --stop ends it");
+    const HostsPlace place;
+    std::unique_ptr<RunningHost> running;
+    StopWindow stopWindow([&running] { running.reset(); });
+    const HeldFile held(options.model);  // what is served stays what it is
     auto [model, cautions] = ReadQhmFileWithCautions(options.model);
     for (const std::string& caution : cautions)
-        std::cerr << "SampleHost: caution: " << options.model << ": " << caution << "\n";
+        std::cerr << "SampleHost: caution: " + OneLine(options.model + ": " + caution) + "\n";
     const auto modelPath = ModelPathOf(model, options.model);
+    const std::string toldPath = modelPath ? NarrowText(modelPath->c_str()) : std::string();
+    if (const auto why = WhyCallCountsAreRefused(options, toldPath)) return Fail(kExitUsage, *why);
     Introduce(model, modelPath, options);
 
     const auto meter = std::make_shared<CallMeter>(CallMeter::Delay(options.delayMs));
-    std::unique_ptr<RunningHost> running;
-    StopWindow stopWindow([&running] { running.reset(); });
     running = std::make_unique<RunningHost>(MakeSampleHost(std::move(model), modelPath, meter));
     ListenForStopSignals();
     std::cout << "Ready: process " << GetCurrentProcessId() << "." << std::endl;
@@ -153,11 +173,7 @@ int RunCommand(int argc, char** argv) {
     return Serve(options);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    RestrictDllSearch();
-    CoInitialize(nullptr);
+int RunGuarded(int argc, char** argv) {
     try {
         return RunCommand(argc, argv);
     } catch (const QhmFileError& error) {
@@ -165,4 +181,17 @@ int main(int argc, char** argv) {
     } catch (const std::exception& error) {
         return Fail(kExitRefused, error.what());
     }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    RestrictDllSearch();
+    PrepareStandardStreams();
+    StandardOutput output;
+    CoInitialize(nullptr);
+    const int code = RunGuarded(argc, argv);
+    if (output.Finish() != Printed::kLost) return code;
+    Fail(kExitRefused, "standard output cannot be written: the disk is full, or the like");
+    return code == kExitStopped ? kExitRefused : code;
 }

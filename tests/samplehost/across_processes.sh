@@ -296,6 +296,35 @@ SecondHostIsRefusedAndTheFirstServesOn() {
     stop_host
 }
 
+# The second one is started while the first one still reads its model, whichever comes first: one
+# of them serves, and the other one touches nothing.
+TwoHostsStartedAtOnceAreOneHost() {
+    cp "$examples/two_story_y_up.csv" .
+    python3 - "$examples/two_story_y_up.qhm" >large.qhm <<'LARGE'
+import json, sys
+model = json.load(open(sys.argv[1]))
+nodes = [{"number": 100000 + i, "xyz": [0, 0, 0]} for i in range(100000)]
+model["nodes"] += nodes
+json.dump(model, sys.stdout)
+LARGE
+    for _ in 1 2 3; do
+        wine "$bin/SampleHost.exe" large.qhm </dev/null >first.log 2>&1 &
+        local first=$!
+        wine "$bin/SampleHost.exe" large.qhm </dev/null >second.log 2>&1 &
+        local second=$!
+        wait -n "$first" "$second"
+        expect_code 1 $?
+        cat first.log second.log >both.log
+        expect_line 'another SampleHost is running' both.log
+        cat first.log second.log >host.log
+        until grep -q 'Ready: process' first.log second.log; do sleep 0.1; done
+        is_registered || fail "the second host removed the registration"
+        windows "$bin/SampleHost.exe" --stop >/dev/null || fail "the host does not stop"
+        wait
+        ! is_registered || fail "the registration is still there"
+    done
+}
+
 NothingToStopIsAnError() {
     windows "$bin/SampleHost.exe" --stop >out 2>err
     expect_code 1 $?
@@ -357,6 +386,119 @@ RecordingIntoAMissingFolderIsRefusedBeforeTheRun() {
     expect_code 2 $?
     expect_same out /dev/null
     expect_line 'the folder of the recording does not exist' err
+}
+
+# What lies in the folder, less what the cases themselves write.
+snapshot() {
+    find . ! -name out ! -name err ! -name host.log ! -name before ! -name after -type f \
+        -exec md5sum {} + | sort
+}
+
+# A command that must leave everything as it was.
+expect_refused() {
+    snapshot >before
+    cli "$@" >out 2>err
+    expect_code 2 $?
+    [ "$(wc -l <err)" = 1 ] || fail "not one line: $(cat err)"
+    snapshot >after
+    expect_same before after
+}
+
+LiveInputsThatTheRunWouldOverwriteAreRefusedAndKept() {
+    cp "$examples/two_story_y_up.qhm" .
+    cp "$examples/two_story_y_up.csv" two_story_y_up.aijR2Result.csv
+    start_host two_story_y_up.qhm
+    expect_refused check two_story_y_up.aijR2Result.csv
+    expect_line 'the input file would be overwritten; nothing was written' err
+    expect_same <(head -n 3 out) <(printf '%s\n' 'Failed to initialize AijCodeRoute2...' \
+        'Finishes process...' 'Closing error log file...')
+    expect_refused check TWO_STORY_Y_UP.AIJR2RESULT.CSV
+    stop_host
+}
+
+LiveReportsThatAreLinksToTheModelAreRefused() {
+    cp "$examples/two_story_y_up".* .
+    rm -f ./*.aijR2*
+    start_host two_story_y_up.qhm
+    ln -s two_story_y_up.qhm two_story_y_up.aijR2Log.txt
+    expect_refused check two_story_y_up.csv
+    expect_line 'the model would be overwritten' err
+    ln -f two_story_y_up.qhm two_story_y_up.aijR2Result.csv && rm two_story_y_up.aijR2Log.txt
+    expect_refused check two_story_y_up.csv
+    expect_line 'the model would be overwritten' err
+    stop_host
+}
+
+RecordingsThatWouldOverwriteAFileOfTheRunAreRefused() {
+    cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
+    start_host two_story_y_up.qhm
+    expect_refused record two_story_y_up.csv two_story_y_up.qhm
+    expect_refused record two_story_y_up.csv TWO_STORY_Y_UP.qhm
+    expect_refused record two_story_y_up.csv two_story_y_up.csv
+    expect_refused record two_story_y_up.csv two_story_y_up.aijR2Log.txt
+    expect_line 'one would overwrite the other' err
+    expect_refused record two_story_y_up.csv two_story_y_up.aijR2Result.csv
+    stop_host
+}
+
+# The file says that its model has another path, so that only the sample host knows what it serves.
+RecordingOverAServedFileOfAnotherModelIsRefused() {
+    sed 's/"version" *: *1 *,/"version": 1, "modelPath": "tower.ext",/' \
+        "$examples/two_story_y_up.qhm" >served.qhm
+    cp "$examples/two_story_y_up.csv" .
+    start_host served.qhm
+    expect_refused record two_story_y_up.csv served.qhm
+    expect_line 'served.qhm: the recording cannot be written' err
+    stop_host
+}
+
+RecordingLeavesAForeignFileWithAnEndingOfItsOwn() {
+    cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
+    echo 'of somebody else' >out.qhm.part
+    start_host two_story_y_up.qhm
+    cli record two_story_y_up.csv out.qhm >out || fail "nothing was recorded: $(cat out)"
+    stop_host
+    expect_same out.qhm.part <(echo 'of somebody else')
+    ! ls quarnel-*.part 2>/dev/null || fail "a passing file is left"
+}
+
+CallCountsThatWouldOverwriteTheModelAreRefused() {
+    cp "$examples/two_story_y_up.qhm" .
+    snapshot >before
+    for counts in two_story_y_up.qhm ./TWO_STORY_Y_UP.qhm; do
+        windows "$bin/SampleHost.exe" two_story_y_up.qhm --count-calls "$counts" >out 2>err
+        expect_code 2 $?
+        expect_line 'the model would be overwritten' err
+    done
+    snapshot >after
+    expect_same before after
+    ! is_registered || fail "registered all the same"
+}
+
+# Every call takes 0.3 s, so the first run has a minute left when the second one starts.
+SecondLiveRunIsRefusedWhileTheFirstWrites() {
+    cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
+    start_host two_story_y_up.qhm --delay 300
+    wine "$bin/quarnel-cli.exe" check two_story_y_up.csv </dev/null >first.out 2>first.err &
+    local first=$!
+    wait_for 'Setting node information' first.out
+    cli check two_story_y_up.qhm two_story_y_up.csv >out 2>err
+    expect_code 1 $?
+    expect_same <(head -n 1 out) <(echo 'Failed to initialize AijCodeRoute2...')
+    expect_line 'another run is writing it' err
+    windows taskkill /f /pid "$host_process" >/dev/null
+    host_process=
+    wait "$first"
+    cli check two_story_y_up.qhm two_story_y_up.csv >out || fail "the log is still held"
+}
+
+FullStandardOutputIsAnError() {
+    cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
+    wine "$bin/quarnel-cli.exe" check two_story_y_up.qhm two_story_y_up.csv </dev/null >/dev/full 2>err
+    expect_code 1 $?
+    expect_line 'standard output cannot be written' err
+    wine "$bin/quarnel-cli.exe" --version </dev/null >/dev/full 2>err
+    expect_code 1 $?
 }
 
 # --- Running one case ------------------------------------------------------------------------
