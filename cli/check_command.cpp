@@ -94,8 +94,7 @@ RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inpu
 }
 
 ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath) {
-    // Looked at before the model is read: that takes its time, and a report that is the model is
-    // no model.
+    // Looked at before the model is read, which takes its time, and again by the run.
     const FileGuard guard = RequireAllDistinct();
     if (const auto collision = guard(FilesOfRun(inputPath, modelPath))) {
         TellError(*collision + "; nothing was written");

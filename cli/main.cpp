@@ -66,13 +66,13 @@ ExitCode Record(const std::vector<std::string>& files, RecordingScope scope) {
     return RecordRunningHost(files[0], files[1], scope);
 }
 
-// A command whose files the help describes; they do not reach the library.
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description) {
     CLI::App* const command = app.add_subcommand(name, description);
     command->footer(kFooter);
     return command;
 }
 
+// For the help alone: file names do not reach the library.
 void DescribeFile(CLI::App& command, const std::string& name, const std::string& description) {
     static_cast<void>(command.add_option_function<std::string>(
         name, [](const std::string&) {}, description));

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <iomanip>
 
+#include "platform/one_line.h"
+
 namespace {
 
 constexpr const char* kDirections[] = {"X", "Z(or Y)"};
@@ -117,5 +119,5 @@ void PrintWarnings(std::ostream& out, const LogReport& log) {
     if (log.warnings.empty()) return;
     out << "\nWarnings in the log:\n";
     for (const std::string& warning : log.warnings)
-        out << "  " << warning << "\n";
+        out << "  " << OneLine(warning) << "\n";
 }

@@ -73,7 +73,8 @@ std::string WhyLogIsNotOpen(const AijCodeRoute2& engine) {
 
 std::string WhyInitializeFailed(const AijCodeRoute2& engine) {
     if (engine.logFile == nullptr) return WhyLogIsNotOpen(engine);
-    if (FileKindOf(engine.dataFilePath) != FileKind::kRegular)
+    const FileKind kind = FileKindOf(engine.dataFilePath);
+    if (kind == FileKind::kFolder || kind == FileKind::kOther)
         return "the input file " + engine.dataFilePath + " is not a regular file";
     return "the input file " + engine.dataFilePath +
            " cannot be read up to a line that begins with FIN (see the log)";
