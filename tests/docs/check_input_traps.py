@@ -49,16 +49,30 @@ def taken(run, what):
     return None
 
 
-def problems(quarnel_cli):
+def run_on(quarnel_cli, content):
+    with tempfile.TemporaryDirectory() as folder:
+        path = pathlib.Path(folder) / "input.csv"
+        path.write_bytes(content)
+        return ToolRun(quarnel_cli, None, MODEL, path)
+
+
+def problems_of_comments(quarnel_cli):
+    """The comment in Japanese that the page shows changes nothing, in either encoding."""
+    comment = re.search(r"```text\n(霞.*)\n```", read("docs/input-file.md"))[1]
+    for encoding in ("utf-8", "shift_jis"):
+        content = f"{comment}\nEarthquakeLoadCaseNumber,2,3,\nFIN\n".encode(encoding)
+        cases = taken(run_on(quarnel_cli, content), "earthquake cases")
+        if cases != [2, 3]:
+            yield f"below the comment in {encoding} a run took the cases {cases}"
+
+
+def problems_of_lines(quarnel_cli):
     text = read("docs/input-file.md").split("**Characters that a run takes otherwise")[1]
     rows = list(table_rows(text.split("\n\nA file in UTF-16")[0]))
     if len(rows) < 10:
         yield "the table of docs/input-file.md was not found"
     for written, what, _ in rows:
-        with tempfile.TemporaryDirectory() as folder:
-            path = pathlib.Path(folder) / "input.csv"
-            path.write_text(input_file(written), encoding="utf-8")
-            actual = taken(ToolRun(quarnel_cli, None, MODEL, path), what)
+        actual = taken(run_on(quarnel_cli, input_file(written).encode()), what)
         sentence = re.split(r"[,:] ", what)[0]
         said = [float(number) for number in re.findall(r"\d+(?:\.\d+)?", sentence)]
         if actual != said:
@@ -68,4 +82,4 @@ def problems(quarnel_cli):
 if __name__ == "__main__":
     if len(sys.argv) != 2:
         sys.exit(__doc__)
-    sys.exit(fail_with(problems(sys.argv[1])))
+    sys.exit(fail_with([*problems_of_lines(sys.argv[1]), *problems_of_comments(sys.argv[1])]))
