@@ -9,6 +9,7 @@
 #include <iostream>
 #include <string>
 
+#include "bench/input_check.h"
 #include "bench/measurements.h"
 #include "bench/ratios.h"
 #include "compute/status_texts.h"
@@ -102,7 +103,9 @@ void RunBenchmarks(int argc, char** argv) {
         RegisterRun(measurements, size, Way::kPlain);
     for (const BuildingSize& size : kModelFileSizes)
         RegisterModelFile(measurements, size);
+    RegisterInputChecks();
     benchmark::RunSpecifiedBenchmarks();
+    PrintInputCheckRatios();
     PrintRatios(measurements, kSizes, kLarge, kGrowths);
     PrintModelFiles(measurements, kModelFileSizes);
 }

@@ -8,7 +8,6 @@
 #include "cli/summary.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
-#include "input/input_file.h"
 #include "platform/one_line.h"
 #include "platform/regular_file.h"
 #include "platform/terminal.h"
@@ -21,14 +20,6 @@ public:
     void Clear() override {}
     void Append(StatusText line) override { std::cout << TextOf(line) << std::endl; }
 };
-
-void CautionAboutLoadCases(const std::string& inputPath) {
-    for (const std::size_t line : FindLinesThatRepeatEarthquakeCase(inputPath))
-        TellCaution(inputPath + ", line " + std::to_string(line) +
-                    ": this line has no comma and follows EarthquakeLoadCaseNumber, so it sets "
-                    "both earthquake load cases to the second number given there; put it "
-                    "elsewhere or end it with a comma");
-}
 
 // Verdicts are shown from whole reports only: a table with rows missing could pass for good.
 void PrintReports(const ReportPaths& reports, const RunOutcome& outcome) {
@@ -76,8 +67,8 @@ void TellWhyItEnded(const RunOutcome& outcome) {
 }  // namespace
 
 RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inputPath,
-                       const FileGuard& guard) {
-    CautionAboutLoadCases(inputPath);
+                       const FileGuard& guard, LintsInput lintsInput) {
+    if (lintsInput == LintsInput::kYes) CautionAboutInput(inputPath);
     TerminalStatusList status;
     ReportPaths reports;
     RunOutcome outcome;
@@ -93,7 +84,8 @@ RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inpu
     return outcome;
 }
 
-ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath) {
+ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath,
+                            LintsInput lintsInput) {
     // Looked at before the model is read, which takes its time, and again by the run.
     const FileGuard guard = RequireAllDistinct();
     if (const auto collision = guard(FilesOfRun(inputPath, modelPath))) {
@@ -109,5 +101,5 @@ ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inp
     }
     for (const std::string& caution : contents.cautions) TellCaution(modelPath + ": " + caution);
     RecordedHost host(contents.model, modelPath);
-    return ExitCodeOf(CheckOnHost([&host] { return &host; }, inputPath, guard));
+    return ExitCodeOf(CheckOnHost([&host] { return &host; }, inputPath, guard, lintsInput));
 }

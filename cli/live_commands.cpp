@@ -80,21 +80,21 @@ void DescribeRecording(const RecordedModel& model, const std::string& path) {
 
 }  // namespace
 
-ExitCode CheckRunningHost(const std::string& inputPath) {
+ExitCode CheckRunningHost(const std::string& inputPath, LintsInput lintsInput) {
     LiveHost host;
-    return ExitCodeOf(
-        CheckOnHost([&host] { return host.Connect(); }, inputPath, RequireAllDistinct()));
+    return ExitCodeOf(CheckOnHost([&host] { return host.Connect(); }, inputPath,
+                                  RequireAllDistinct(), lintsInput));
 }
 
 ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
-                           RecordingScope scope) {
+                           RecordingScope scope, LintsInput lintsInput) {
     const NamedFile input{"the input file", inputPath, NamedFile::Use::kRead};
     const NamedFile recording{"the recording", recordingPath, NamedFile::Use::kWritten};
     if (const auto why = WhyRecordingIsRefused(input, recording)) return Fail(kExitUsage, *why);
 
     LiveHost live;
-    const RunOutcome outcome =
-        CheckOnHost([&live] { return live.Connect(); }, inputPath, RequireAllDistinct({recording}));
+    const RunOutcome outcome = CheckOnHost([&live] { return live.Connect(); }, inputPath,
+                                           RequireAllDistinct({recording}), lintsInput);
     if (outcome.filesCollide) return kExitUsage;
     RememberingHost* const host = live.Remembered();
     if (outcome.hostFailed)
@@ -113,4 +113,12 @@ ExitCode RecordRunningHost(const std::string& inputPath, const std::string& reco
                     recordingPath + ": not written: a host call failed: " + error.what());
     }
     return ExitCodeOf(outcome);
+}
+
+ExitCode LintRunningHost(const LintOptions& options) {
+    LiveHost live;
+    HostQueries* const host = live.Connect();
+    if (host == nullptr)
+        return Fail(kExitUsage, "no running host was found: start it and open the analysed model");
+    return LintOnHost(*host, options);
 }

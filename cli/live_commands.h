@@ -3,9 +3,11 @@
 #include <string>
 
 #include "cli/exit_codes.h"
+#include "cli/input_cautions.h"
+#include "cli/lint_command.h"
 
 /// `quarnel-cli check INPUT.csv`: a run on the running host.
-ExitCode CheckRunningHost(const std::string& inputPath);
+ExitCode CheckRunningHost(const std::string& inputPath, LintsInput lintsInput);
 
 /// How much `quarnel-cli record` asks the host.
 enum class RecordingScope {
@@ -17,4 +19,7 @@ enum class RecordingScope {
 /// as a host model file. A run in which a host call failed, or which ended before it had read the
 /// model, writes no file.
 ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
-                           RecordingScope scope);
+                           RecordingScope scope, LintsInput lintsInput);
+
+/// `quarnel-cli lint INPUT.csv --host`.
+ExitCode LintRunningHost(const LintOptions& options);

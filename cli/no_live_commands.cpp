@@ -3,7 +3,7 @@
 #include "cli/live_commands.h"
 #include "cli/messages.h"
 
-ExitCode CheckRunningHost(const std::string& inputPath) {
+ExitCode CheckRunningHost(const std::string& inputPath, LintsInput /*lintsInput*/) {
     TellError("check " + inputPath +
               ": the running host can be reached on Windows only; name a recorded building "
               "too: check MODEL.qhm INPUT.csv");
@@ -11,8 +11,15 @@ ExitCode CheckRunningHost(const std::string& inputPath) {
 }
 
 ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
-                           RecordingScope) {
+                           RecordingScope /*scope*/, LintsInput /*lintsInput*/) {
     TellError("record " + inputPath + " " + recordingPath +
               ": the running host can be reached on Windows only; record there");
+    return kExitUsage;
+}
+
+ExitCode LintRunningHost(const LintOptions& options) {
+    TellError("lint " + options.inputPath +
+              " --host: the running host can be reached on Windows only; name a recorded "
+              "building: lint INPUT.csv MODEL.qhm");
     return kExitUsage;
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "input/input_file.h"
+#include "input/number_text.h"
 #include "platform/native_path.h"
 
 namespace {

@@ -1,14 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <cstdint>
-#include <cstdio>
-#include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "input/input_place.h"
+#include "input/keywords.h"
 #include "platform/stdio_file.h"
 
 /// A Route 2 Input file, read line by line and field by field.
@@ -29,11 +26,17 @@ public:
     /// Opens `path`; see IsOpen. Only a regular file can be opened: no folder, pipe or device.
     explicit InputFile(const std::string& path);
 
-    bool IsOpen() const { return file_ != nullptr; }
+    /// Reads from memory what ReadInputText has read from a file; borrows it.
+    static InputFile OfText(std::string_view text);
+
+    bool IsOpen() const { return isInMemory_ || file_ != nullptr; }
     void ReadLine();
 
-    /// The line that ends the data begins with FIN; anything may follow.
-    bool IsFin() const { return line_.starts_with("FIN"); }
+    /// Nothing was left to read: the line before counts again. Of an empty file, an empty line.
+    bool IsAtEnd() const { return isAtEnd_; }
+
+    /// The line that ends the data.
+    bool IsFin() const { return line_.starts_with(kFin); }
 
     /// A story line begins with a digit 1 to 9.
     bool StartsWithStoryNumber() const {
@@ -41,60 +44,46 @@ public:
     }
 
     bool HasComma() const { return commaCount_ > 0; }
+    std::size_t CommaCount() const { return commaCount_; }
 
     /// Field 0: a keyword, or the story number of a story line.
-    const std::string& Keyword() const { return keyword_; }
+    const std::string& FirstField() const { return firstField_; }
+    bool IsLineOf(Keyword keyword) const { return firstField_ == NameOf(keyword); }
 
     /// Takes field `index`, from 1, into the value buffer and gives what that buffer holds.
     const std::string& Value(std::size_t index);
+
+    /// Where the text of the value buffer stands.
+    const InputPlace& ValuePlace() const { return valuePlace_; }
 
     /// One more than the index of the last value of a list: the text after the last comma is
     /// never read, so a list ends with a comma.
     std::size_t ListEnd() const { return commaCount_; }
 
-    /// Number of the line in the file, as an editor counts.
+    /// Number of the line in the file, as an editor counts: the parts of a longer line share it.
     std::size_t LineNumber() const { return lineNumber_; }
 
+    /// Where what was read begins within the line of that number, in bytes; 0 but for the rest of
+    /// a longer line.
+    std::size_t OffsetInLine() const { return offsetInLine_; }
+
+    /// What was read, with its line feed.
+    const std::string& Line() const { return line_; }
+
 private:
+    InputFile() = default;
     bool ReadCharacter(char& character);
     std::string_view Field(std::size_t index) const;
 
     StdioFile file_;
+    std::string_view text_;  ///< what is left of the text in memory
+    bool isInMemory_ = false;
     bool isAtEnd_ = false;
     std::string line_;
     std::size_t lineNumber_ = 0;
+    std::size_t offsetInLine_ = 0;
     std::size_t commaCount_ = 0;
-    std::string keyword_;
+    std::string firstField_;
     std::string value_;
+    InputPlace valuePlace_;
 };
-
-/// Whole number at the start of `text`, as the C library's atoi reads it: leading blanks are
-/// skipped, 0 when there is none. A number beyond 32 bits becomes the nearest 32-bit number.
-std::int32_t ToInteger(const std::string& text);
-
-/// Real number at the start of `text`, as the C library's atof reads it; 0 when there is none.
-double ToReal(const std::string& text);
-
-enum class LineResult {
-    kGoOn,    ///< read the next line
-    kFinish,  ///< the reader has what it came for
-    kFail,    ///< the reader has warned and gives up
-};
-
-/// The reading loop of all readers: hands every line before FIN to `processLine`.
-///
-/// True at FIN or when the reader finishes early. False, with a warning in the log, when the file
-/// cannot be opened or more than 100,001 lines stand before FIN (a file without FIN always gets
-/// there, because its last line counts again and again); false when the reader fails.
-bool ReadInputFile(std::FILE* log, const std::string& path, const char* lineLimitWarning,
-                   const std::function<LineResult(InputFile&)>& processLine);
-
-/// The two earthquake load case numbers of an EarthquakeLoadCaseNumber line.
-///
-/// One buffer serves both values: a line that gives no second value repeats the first, and a line
-/// without a comma repeats the last value that was read for both.
-std::array<std::int32_t, 2> ReadEarthquakeLoadCaseNumbers(InputFile& line);
-
-/// Numbers of lines without a comma that change the earthquake load cases, because they stand
-/// where the keyword of the line before still counts. Empty when the file cannot be read.
-std::vector<std::size_t> FindLinesThatRepeatEarthquakeCase(const std::string& path);

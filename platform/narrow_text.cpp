@@ -31,3 +31,12 @@ std::wstring WideText(const std::string& narrow) {
 std::wstring WideTextOfUtf8(const std::string& utf8) {
     return Widen(CP_UTF8, utf8);
 }
+
+std::string Utf8OfWideText(const std::wstring& wide) {
+    const int length = static_cast<int>(wide.size());
+    const int size =
+        WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string utf8(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(), size, nullptr, nullptr);
+    return utf8;
+}

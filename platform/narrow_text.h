@@ -13,3 +13,6 @@ std::wstring WideText(const std::string& narrow);
 
 /// UTF-8 text as UTF-16, whatever the narrow code page is.
 std::wstring WideTextOfUtf8(const std::string& utf8);
+
+/// UTF-16 text as UTF-8, whatever the narrow code page is.
+std::string Utf8OfWideText(const std::wstring& wide);

@@ -39,6 +39,14 @@ MATCHER(IsOneLine, "") {
            text.starts_with("quarnel-cli: ");
 }
 
+// What the check of the input file says comes first.
+MATCHER(IsOneLineBehindCautions, "") {
+    std::string text = arg;
+    while (text.starts_with("quarnel-cli: caution: "))
+        text.erase(0, text.find('\n') + 1);
+    return testing::ExplainMatchResult(IsOneLine(), text, result_listener);
+}
+
 class QuarnelCli : public testing::Test {
 protected:
     QuarnelCli() {
@@ -182,7 +190,7 @@ TEST_F(QuarnelCli, AnInputThatCannotBeReadToItsEndEndsWithOne) {
         const ProgramRun run = Check();
         EXPECT_EQ(1, run.exitCode) << path;
         EXPECT_THAT(run.out, StartsWith(kNotInitialized)) << path;
-        EXPECT_THAT(run.err, IsOneLine()) << path;
+        EXPECT_THAT(run.err, IsOneLineBehindCautions()) << path;
     }
 }
 
@@ -195,7 +203,7 @@ TEST_F(QuarnelCli, AnInputOfAMillionLinesEndsWithOne) {
     EXPECT_EQ(1, run.exitCode);
     EXPECT_THAT(run.out, StartsWith(kNotInitialized));
     EXPECT_THAT(run.out, HasSubstr("Data file line number is too large."));
-    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_THAT(run.err, IsOneLineBehindCautions());
 }
 
 TEST_F(QuarnelCli, AnInputOfOneEndlessLineEndsWithOne) {
@@ -205,7 +213,7 @@ TEST_F(QuarnelCli, AnInputOfOneEndlessLineEndsWithOne) {
         const ProgramRun run = Check();
         EXPECT_EQ(1, run.exitCode);
         EXPECT_THAT(run.out, StartsWith(kNotInitialized));
-        EXPECT_THAT(run.err, IsOneLine());
+        EXPECT_THAT(run.err, IsOneLineBehindCautions());
         EXPECT_EQ(kSize, std::filesystem::file_size(input));
     }
 }
@@ -353,31 +361,40 @@ TEST_F(QuarnelCli, AnInputThatTheRunWouldOverwriteIsRefusedAndKept) {
 }
 
 // Line 4 has no comma right after the earthquake line: both cases become 3.
-TEST_F(QuarnelCli, CautionsAboutALineThatChangesTheLoadCasesWithItsNumber) {
+TEST_F(QuarnelCli, CautionsAboutErrorsAndWarningsOfTheInputFileBeforeARun) {
     input = folder.Write("caution.csv",
                          "# remarks,\nDeadLoadCaseNumber,1,\n"
-                         "EarthquakeLoadCaseNumber,2,3,\n\nFIN\n");
+                         "EarthquakeLoadCaseNumber,2,3,\n\nFloorLevel,0,3500,3500,6500,\nFIN\n");
     const ProgramRun run = Check();
     EXPECT_EQ(0, run.exitCode);
     EXPECT_THAT(run.out, StartsWith(kComplete));
-    EXPECT_THAT(run.err, IsOneLine());
-    EXPECT_THAT(run.err, HasSubstr("caution"));
-    EXPECT_THAT(run.err, HasSubstr(input + ", line 4:"));
+    EXPECT_EQ("quarnel-cli: caution: " + input +
+                  ":4:1: error L01: this line has no comma and repeats "
+                  "EarthquakeLoadCaseNumber: both cases become 3\nquarnel-cli: caution: " +
+                  input + ":5:19: warning V07: the level stands twice; it counts once\n",
+              run.err);
     EXPECT_THAT(folder.Read("tower.aijR2Log.txt"),
                 HasSubstr("  Earthquake load( X direc. ) case number : 3\n"
                           "  Earthquake load( Z or Y direc. ) case number : 3\n"));
 }
 
-// Line 2 makes both cases 3, line 3 changes nothing any more, line 6 makes both 5.
-TEST_F(QuarnelCli, CautionsOncePerLineThatChangesTheLoadCases) {
+TEST_F(QuarnelCli, CautionsAboutNothingWithNoLint) {
+    input = folder.Write("caution.csv", "EarthquakeLoadCaseNumber,2,3,\n\nFIN\n");
+    EXPECT_EQ("", Cli({"check", "--no-lint", model, input}).err);
+}
+
+// 30 members that are no numbers, each read as another one.
+TEST_F(QuarnelCli, CautionsAboutNoMoreThanTwentyFindings) {
+    std::string list;
+    for (int i = 1; i <= 30; ++i)
+        list += std::to_string(i) + "a,";
     input = folder.Write("caution.csv",
-                         "EarthquakeLoadCaseNumber,2,3,\r\nremark\r\n\r\nDeadLoadCaseNumber,1,\r\n"
-                         "EarthquakeLoadCaseNumber,4,5,\r\nremark\r\nFIN\r\n");
-    const ProgramRun run = Check();
-    EXPECT_EQ(0, run.exitCode);
-    EXPECT_THAT(run.err, HasSubstr(", line 2:"));
-    EXPECT_THAT(run.err, HasSubstr(", line 6:"));
-    EXPECT_EQ(2, std::count(run.err.begin(), run.err.end(), '\n'));
+                         "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n"
+                         "MemberDeformAngle," +
+                             list + "\nFIN\n");
+    const std::string err = Check().err;
+    EXPECT_EQ(21, std::count(err.begin(), err.end(), '\n'));
+    EXPECT_THAT(err, EndsWith(": and 10 more; quarnel-cli lint shows them\n"));
 }
 
 TEST_F(QuarnelCli, DoesNotCautionAboutOtherLinesWithoutAComma) {

@@ -8,11 +8,9 @@ from markdown import fail_with, read, table_rows
 
 
 def known_keywords():
-    readers = read("route2/input_readers.cpp") + read("input/input_file.h")
-    keywords = set(re.findall(r'Keyword\(\) [!=]= "(\w+)"', readers))
-    keywords.update(re.findall(r'\{"(Allow\w+)", &StoryInfo', readers))
-    keywords.update(re.findall(r'starts_with\("(\w+)"\)', readers))
-    return keywords
+    table = re.search(r"kNames\[\] = \{(.*?)\};", read("input/keywords.cpp"), flags=re.S).group(1)
+    end = re.search(r'kFin = "(\w+)"', read("input/keywords.h")).group(1)
+    return {*re.findall(r'"(\w+)"', table), end}
 
 
 def explained_keywords():

@@ -11,12 +11,13 @@
 #include <filesystem>
 #include <limits>
 
+#include "input/input_readers.h"
+#include "input/number_text.h"
 #include "tests/support/test_folder.h"
 
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A file of the given bytes, opened for reading.
 struct Input {
@@ -38,33 +39,25 @@ std::string Repeated(const std::string& text, std::size_t times) {
     return all;
 }
 
-// The reading loop over a file of the given bytes, with what it handed out and wrote.
+// The reading loop over a file of the given bytes, with how many lines it handed out.
 struct Loop {
     explicit Loop(const std::string& bytes) : path(folder.Write("input.csv", bytes)) {}
 
-    bool Run(const std::function<LineResult(InputFile&)>& processLine) {
-        std::FILE* log = std::fopen(folder.Path("log.txt").c_str(), "w");
-        const bool result = ReadInputFile(log, path, "Too many lines.", [&](InputFile& line) {
+    ReadingEnd Run(const std::function<std::optional<ReadingEnd>(InputFile&)>& processLine) {
+        InputFile file(path);
+        return ReadLines(file, [&](InputFile& line) {
             ++linesHandedOut;
             return processLine(line);
         });
-        std::fclose(log);
-        return result;
     }
-    bool RunToTheEnd() {
-        return Run([](InputFile&) { return LineResult::kGoOn; });
+    ReadingEnd RunToTheEnd() {
+        return Run([](InputFile&) { return std::nullopt; });
     }
-    std::string Log() const { return folder.Read("log.txt"); }
 
     TestFolder folder;
     std::string path;
     int linesHandedOut = 0;
 };
-
-std::vector<std::size_t> LinesThatRepeatACase(const std::string& bytes) {
-    const TestFolder folder;
-    return FindLinesThatRepeatEarthquakeCase(folder.Write("input.csv", bytes));
-}
 
 }  // namespace
 
@@ -73,7 +66,7 @@ std::vector<std::size_t> LinesThatRepeatACase(const std::string& bytes) {
 TEST(InputFileFields, RunFromCommaToCommaOrLineFeed) {
     Input input("StoryMember,11,12,13\n");
     input.file.ReadLine();
-    EXPECT_EQ("StoryMember", input.file.Keyword());
+    EXPECT_EQ("StoryMember", input.file.FirstField());
     EXPECT_EQ("11", input.file.Value(1));
     EXPECT_EQ("12", input.file.Value(2));
     EXPECT_EQ("13", input.file.Value(3));
@@ -95,7 +88,7 @@ TEST(InputFileFields, OfAListEndBeforeTheTextAfterTheLastComma) {
 TEST(InputFileFields, KeepBlanksAndQuotesAsTheyAre) {
     Input input(" FloorLevel ,\" 1\", 2\n");
     input.file.ReadLine();
-    EXPECT_EQ(" FloorLevel ", input.file.Keyword());
+    EXPECT_EQ(" FloorLevel ", input.file.FirstField());
     EXPECT_EQ("\" 1\"", input.file.Value(1));
     EXPECT_EQ(" 2", input.file.Value(2));
 }
@@ -104,7 +97,7 @@ TEST(InputFileFields, MayBeEmpty) {
     Input input(",,\n");
     input.file.ReadLine();
     EXPECT_TRUE(input.file.HasComma());
-    EXPECT_EQ("", input.file.Keyword());
+    EXPECT_EQ("", input.file.FirstField());
     EXPECT_EQ("", input.file.Value(1));
     EXPECT_EQ("", input.file.Value(2));
 }
@@ -112,7 +105,7 @@ TEST(InputFileFields, MayBeEmpty) {
 TEST(InputFileFields, StartEmptyWhenTheFirstLineHasNoComma) {
     Input input("StoryMember\n");
     input.file.ReadLine();
-    EXPECT_EQ("", input.file.Keyword());
+    EXPECT_EQ("", input.file.FirstField());
     EXPECT_EQ("", input.file.Value(1));
 }
 
@@ -122,7 +115,7 @@ TEST(InputFileFields, OfALineWithoutACommaAreThoseOfTheLastLineWithOne) {
     EXPECT_EQ("7", input.file.Value(1));
     for (int i = 0; i < 3; ++i) {
         input.file.ReadLine();
-        EXPECT_EQ("DeadLoadCaseNumber", input.file.Keyword());
+        EXPECT_EQ("DeadLoadCaseNumber", input.file.FirstField());
         EXPECT_EQ("7", input.file.Value(1));
     }
 }
@@ -132,7 +125,7 @@ TEST(InputFileFields, KeepTheValueReadLastWhenTheLineHasTooFewCommas) {
     input.file.ReadLine();
     EXPECT_EQ("3", input.file.Value(3));
     input.file.ReadLine();
-    EXPECT_EQ("B", input.file.Keyword());
+    EXPECT_EQ("B", input.file.FirstField());
     EXPECT_EQ("3", input.file.Value(2));
     EXPECT_EQ("4", input.file.Value(1));
     EXPECT_EQ("4", input.file.Value(2));
@@ -177,10 +170,10 @@ TEST(InputFileLines, OfMoreThan199CharactersGoOnAsALineOfTheirOwn) {
     // "1," and 197 times "x" are 199 characters; "2,7,\n" is what is left.
     Input input("1," + std::string(197, 'x') + "2,7,\nFIN\n");
     input.file.ReadLine();
-    EXPECT_EQ("1", input.file.Keyword());
+    EXPECT_EQ("1", input.file.FirstField());
     EXPECT_EQ(std::string(197, 'x'), input.file.Value(1));
     input.file.ReadLine();
-    EXPECT_EQ("2", input.file.Keyword());
+    EXPECT_EQ("2", input.file.FirstField());
     EXPECT_EQ("7", input.file.Value(1));
     EXPECT_TRUE(input.file.StartsWithStoryNumber());
     input.file.ReadLine();
@@ -219,7 +212,7 @@ TEST(InputFileLines, CutInAFieldGiveTheFieldUpToTheCut) {
     input.file.ReadLine();
     EXPECT_EQ("123", input.file.Value(1));
     input.file.ReadLine();
-    EXPECT_EQ("45", input.file.Keyword());
+    EXPECT_EQ("45", input.file.FirstField());
     EXPECT_TRUE(input.file.StartsWithStoryNumber());
 }
 
@@ -261,7 +254,7 @@ TEST(InputFileCarriageReturns, AfterExactly199CharactersLeaveAnEmptyLine) {
 TEST(InputFileCarriageReturns, ElsewhereAreOrdinaryCharacters) {
     Input input("A\rB,1\r2,3\r\r\nFIN");
     input.file.ReadLine();
-    EXPECT_EQ("A\rB", input.file.Keyword());
+    EXPECT_EQ("A\rB", input.file.FirstField());
     EXPECT_EQ("1\r2", input.file.Value(1));
     EXPECT_EQ("3\r", input.file.Value(2));  // the second one stands before the line feed
     input.file.ReadLine();
@@ -287,7 +280,7 @@ TEST(InputFileEnd, RepeatsTheLastLine) {
     Input input("A,1,\nB,2,\n");
     input.ReadLines(2);
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ("B", input.file.Keyword());
+        EXPECT_EQ("B", input.file.FirstField());
         EXPECT_EQ("2", input.file.Value(1));
         EXPECT_EQ(3u - 1u, input.file.ListEnd());
         input.file.ReadLine();
@@ -298,7 +291,7 @@ TEST(InputFileEnd, MayCutTheLastLineShort) {
     Input input("A,1,\nB,23");
     input.ReadLines(2);
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ("B", input.file.Keyword());
+        EXPECT_EQ("B", input.file.FirstField());
         EXPECT_EQ("23", input.file.Value(1));
         input.file.ReadLine();
     }
@@ -312,7 +305,7 @@ TEST(InputFileEnd, OfAnEmptyFileIsAnEmptyLine) {
         EXPECT_FALSE(input.file.IsFin());
         EXPECT_FALSE(input.file.HasComma());
         EXPECT_FALSE(input.file.StartsWithStoryNumber());
-        EXPECT_EQ("", input.file.Keyword());
+        EXPECT_EQ("", input.file.FirstField());
         EXPECT_EQ("", input.file.Value(1));
     }
 }
@@ -325,7 +318,7 @@ TEST(InputFileEnd, IsAtTheCharacterThatEndsTextsOnWindows) {
     EXPECT_EQ("1", input.file.Value(1));
     for (int i = 0; i < 3; ++i) {
         input.file.ReadLine();
-        EXPECT_EQ("B", input.file.Keyword());
+        EXPECT_EQ("B", input.file.FirstField());
         EXPECT_EQ("2", input.file.Value(1));
         EXPECT_EQ(1u, input.file.ListEnd());
         EXPECT_FALSE(input.file.IsFin());
@@ -457,124 +450,57 @@ TEST(ToReal, ReadsWhatIsNoOrdinaryNumber) {
 
 // --- The reading loop
 
-TEST(ReadInputFile, HandsOutTheLinesBeforeFin) {
+TEST(ReadLines, HandsOutTheLinesBeforeFin) {
     Loop loop("A,1,\n\nB,2,\nFIN\nC,3,\n");
     std::vector<std::string> keywords;
-    EXPECT_TRUE(loop.Run([&](InputFile& line) {
-        keywords.push_back(line.Keyword());
-        return LineResult::kGoOn;
+    EXPECT_EQ(ReadingEnd::kAtFin, loop.Run([&](InputFile& line) {
+        keywords.push_back(line.FirstField());
+        return std::nullopt;
     }));
     EXPECT_THAT(keywords, ElementsAre("A", "A", "B"));
-    EXPECT_EQ("", loop.Log());
 }
 
-TEST(ReadInputFile, EndsWhereTheReaderHasWhatItCameFor) {
-    Loop loop("A,1,\nB,2,\n");  // no FIN line is needed then
-    EXPECT_TRUE(loop.Run([](InputFile&) { return LineResult::kFinish; }));
-    EXPECT_EQ(1, loop.linesHandedOut);
-    EXPECT_EQ("", loop.Log());
-}
-
-TEST(ReadInputFile, FailsWhenTheReaderFails) {
-    Loop loop("A,1,\nB,2,\nFIN\n");
-    EXPECT_FALSE(loop.Run([](InputFile&) { return LineResult::kFail; }));
-    EXPECT_EQ(1, loop.linesHandedOut);
-    EXPECT_EQ("", loop.Log());
-}
-
-TEST(ReadInputFile, AcceptsAFinLineBehind100001OtherLines) {
-    Loop loop(Repeated("x\n", 100001) + "FIN\n");
-    EXPECT_TRUE(loop.RunToTheEnd());
-    EXPECT_EQ(100001, loop.linesHandedOut);
-    EXPECT_EQ("", loop.Log());
-}
-
-TEST(ReadInputFile, RefusesAFinLineBehind100002OtherLines) {
-    Loop loop(Repeated("x\n", 100002) + "FIN\n");
-    EXPECT_FALSE(loop.RunToTheEnd());
-    EXPECT_EQ(100002, loop.linesHandedOut);  // the last one is still looked at
-    EXPECT_EQ("\n*** WARNING *** : Too many lines.\n", loop.Log());
-}
-
-TEST(ReadInputFile, FailsWithoutAFinLine) {
-    for (const char* bytes : {"", "\n", "A,1,\n", "A,1,\nFI", "A,1,\n FIN\n"}) {
-        Loop loop(bytes);
-        EXPECT_FALSE(loop.RunToTheEnd()) << bytes;
-        EXPECT_EQ(100002, loop.linesHandedOut) << bytes;
-        EXPECT_EQ("\n*** WARNING *** : Too many lines.\n", loop.Log()) << bytes;
+TEST(ReadLines, EndsWhereTheReaderHasAReasonToStop) {
+    for (const ReadingEnd end : {ReadingEnd::kDone, ReadingEnd::kNoSuchStory}) {
+        Loop loop("A,1,\nB,2,\n");  // no FIN line is needed then
+        EXPECT_EQ(end, loop.Run([end](InputFile&) { return end; }));
+        EXPECT_EQ(1, loop.linesHandedOut);
     }
 }
 
-TEST(ReadInputFile, FailsAtTheLimitInOneEndlessLine) {
+TEST(ReadLines, AcceptsAFinLineBehind100001OtherLines) {
+    Loop loop(Repeated("x\n", 100001) + "FIN\n");
+    EXPECT_EQ(ReadingEnd::kAtFin, loop.RunToTheEnd());
+    EXPECT_EQ(100001, loop.linesHandedOut);
+}
+
+TEST(ReadLines, RefusesAFinLineBehind100002OtherLines) {
+    Loop loop(Repeated("x\n", 100002) + "FIN\n");
+    EXPECT_EQ(ReadingEnd::kLineLimit, loop.RunToTheEnd());
+    EXPECT_EQ(100002, loop.linesHandedOut);  // the last one is still looked at
+}
+
+TEST(ReadLines, ReachesTheLimitWithoutAFinLine) {
+    for (const char* bytes : {"", "\n", "A,1,\n", "A,1,\nFI", "A,1,\n FIN\n"}) {
+        Loop loop(bytes);
+        EXPECT_EQ(ReadingEnd::kLineLimit, loop.RunToTheEnd()) << bytes;
+        EXPECT_EQ(100002, loop.linesHandedOut) << bytes;
+    }
+}
+
+TEST(ReadLines, ReachesTheLimitInOneEndlessLine) {
     // 100,002 pieces of 199 characters and a few more.
     Loop loop(std::string(std::size_t{100002} * 199 + 50, 'x') + "\nFIN\n");
-    EXPECT_FALSE(loop.RunToTheEnd());
+    EXPECT_EQ(ReadingEnd::kLineLimit, loop.RunToTheEnd());
     EXPECT_EQ(100002, loop.linesHandedOut);
 }
 
-TEST(ReadInputFile, WarnsWithThePathOfAFileItCannotOpen) {
+TEST(ReadLines, HandsOutNothingOfAFileThatCannotBeOpened) {
     Loop loop("FIN\n");
     loop.path = loop.folder.Path("missing.csv");
-    EXPECT_FALSE(loop.RunToTheEnd());
-    EXPECT_EQ("\n*** WARNING *** : Cannot open data file " + loop.path + ".\n", loop.Log());
-    EXPECT_EQ(0, loop.linesHandedOut);
-}
-
-TEST(ReadInputFile, WarnsWithThePathOfAFolder) {
-    Loop loop("FIN\n");
+    EXPECT_EQ(ReadingEnd::kNotOpened, loop.RunToTheEnd());
     loop.path = loop.folder.Path("folder");
     std::filesystem::create_directory(loop.path);
-    EXPECT_FALSE(loop.RunToTheEnd());
-    EXPECT_EQ("\n*** WARNING *** : Cannot open data file " + loop.path + ".\n", loop.Log());
-}
-
-// --- Earthquake cases that change by accident
-
-TEST(FindLinesThatRepeatEarthquakeCase, NamesTheEmptyLineBehindTwoDifferentCases) {
-    EXPECT_THAT(
-        LinesThatRepeatACase("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n\nFIN\n"),
-        ElementsAre(3u));
-}
-
-TEST(FindLinesThatRepeatEarthquakeCase, NamesARemarkBehindThem) {
-    EXPECT_THAT(LinesThatRepeatACase("EarthquakeLoadCaseNumber,2,3,\n# levels\nFIN\n"),
-                ElementsAre(2u));
-}
-
-TEST(FindLinesThatRepeatEarthquakeCase, NamesOnlyTheFirstOfSeveralEmptyLines) {
-    // The second one finds both cases at 3 already.
-    EXPECT_THAT(LinesThatRepeatACase("EarthquakeLoadCaseNumber,2,3,\n\n\nFIN\n"), ElementsAre(2u));
-}
-
-TEST(FindLinesThatRepeatEarthquakeCase, NamesALineBehindEachPairOfCases) {
-    EXPECT_THAT(LinesThatRepeatACase("EarthquakeLoadCaseNumber,2,3,\n\n"
-                                     "EarthquakeLoadCaseNumber,2,3,\n\nFIN\n"),
-                ElementsAre(2u, 4u));
-}
-
-TEST(FindLinesThatRepeatEarthquakeCase, NamesNothingWhenNoCaseChanges) {
-    for (const char* bytes :
-         {"EarthquakeLoadCaseNumber,2,2,\n\nFIN\n", "EarthquakeLoadCaseNumber,4\n\nFIN\n",
-          "EarthquakeLoadCaseNumber,2,3,\nFloorLevel,0,\n\nFIN\n", "\nFIN\n",
-          "EarthquakeLoadCaseNumber,2,3,\nFIN\n\n", ""})
-        EXPECT_THAT(LinesThatRepeatACase(bytes), IsEmpty()) << bytes;
-}
-
-TEST(FindLinesThatRepeatEarthquakeCase, KnowsThatADeadLoadLineSharesTheValueBuffer) {
-    // The line without a comma belongs to DeadLoadCaseNumber and changes no earthquake case.
-    EXPECT_THAT(
-        LinesThatRepeatACase("EarthquakeLoadCaseNumber,2,3,\nDeadLoadCaseNumber,5,\n\nFIN\n"),
-        IsEmpty());
-}
-
-TEST(FindLinesThatRepeatEarthquakeCase, NamesTheEmptyRestOfALineOf199Characters) {
-    // The line is cut right before its line feed, so an empty line follows in the same line 1.
-    const std::string line = "EarthquakeLoadCaseNumber,2,3,";
-    EXPECT_THAT(LinesThatRepeatACase(line + std::string(199 - line.size(), 'x') + "\nFIN\n"),
-                ElementsAre(1u));
-}
-
-TEST(FindLinesThatRepeatEarthquakeCase, NamesNothingInAFileThatCannotBeRead) {
-    const TestFolder folder;
-    EXPECT_THAT(FindLinesThatRepeatEarthquakeCase(folder.Path("missing.csv")), IsEmpty());
+    EXPECT_EQ(ReadingEnd::kNotOpened, loop.RunToTheEnd());
+    EXPECT_EQ(0, loop.linesHandedOut);
 }

@@ -1,0 +1,27 @@
+#include "cli/input_cautions.h"
+
+#include <cstddef>
+
+#include "cli/messages.h"
+#include "input/input_check.h"
+#include "input/lint_finding_text.h"
+
+namespace {
+
+constexpr std::size_t kMostCautions = 20;
+
+}  // namespace
+
+void CautionAboutInput(const std::string& inputPath) {
+    const InputCheck check = CheckInputFile(inputPath);
+    if (!check.isRead) return;
+    std::size_t cautions = 0;
+    for (const LintFinding& finding : check.findings) {
+        if (finding.rule->kind == LintKind::kNote) continue;
+        if (++cautions <= kMostCautions)
+            TellCaution(LineOf(finding, check.text, inputPath, Language::kEnglish));
+    }
+    if (cautions > kMostCautions)
+        TellCaution(inputPath + ": and " + std::to_string(cautions - kMostCautions) +
+                    " more; quarnel-cli lint shows them");
+}

@@ -1,0 +1,258 @@
+#include "input/file_rules.h"
+
+#include <array>
+
+namespace {
+
+constexpr LintKind kNote = LintKind::kNote;
+constexpr LintKind kWarning = LintKind::kWarning;
+constexpr LintKind kError = LintKind::kError;
+
+constexpr std::string_view kFile = "f-the-file-as-a-whole";
+constexpr std::string_view kLines = "k-keywords-and-lines";
+constexpr std::string_view kCases = "l-load-cases";
+constexpr std::string_view kLevels = "v-floor-levels";
+constexpr std::string_view kMembers = "s-story-members";
+constexpr std::string_view kAllowables = "a-allowable-values";
+constexpr std::string_view kReported = "d-members-to-report";
+
+// In the order of the enumeration. A row: id, kind, English, Japanese, what to write or do in both
+// languages, section of the documents.
+constexpr LintRule kRules[] = {
+    {"F01", kError, "cannot be read: there is no such file", "読めない: ファイルがない。", "", "",
+     kFile},
+    {"F01", kError, "cannot be read: it is a folder", "読めない: フォルダーである。", "", "",
+     kFile},
+    {"F01", kError, "cannot be read: it is a pipe or a device, not a file",
+     "読めない: 通常のファイルではない。", "", "", kFile},
+    {"F01", kError, "cannot be read: the system does not open it", "読めない: 開くことができない。",
+     "", "", kFile},
+    {"F02", kError,
+     "no line begins with FIN; the run fails with \"Failed to initialize AijCodeRoute2...\"",
+     "FIN で始まる行がない。計算は開始しない。", "a last line FIN", "最後の行に FIN", kFile},
+    {"F03", kError, "line {n} is not FIN: capitals, at the very start",
+     "{n} 行目は FIN ではない。FIN は半角大文字で行頭に書く。", "", "", kFile},
+    {"F04", kError,
+     "this line begins with FIN, so it ends the data; {k} keyword lines after it are not read",
+     "この行で入力が終わる。以降のキーワード {k} 行は読まれない。",
+     "begin the comment with another word", "注釈は別の語で始める", kFile},
+    {"F05", kWarning, "{k} lines after FIN are not read", "FIN 以降の {k} 行は読まれない。",
+     "move FIN to the end", "FIN を最後に移す", kFile},
+    {"F05", kError, "{k} lines after FIN are not read, with keywords among them",
+     "FIN 以降の {k} 行は読まれない。キーワードが含まれている。", "move FIN to the end",
+     "FIN を最後に移す", kFile},
+    {"F06", kError, "the file is UTF-16; nothing in it is understood",
+     "UTF-16 で保存されている。UTF-8(BOM なし)または Shift_JIS で保存すること。",
+     "save as UTF-8 or ANSI", "UTF-8(BOM なし)または ANSI で保存する", kFile},
+    {"F07", kError,
+     "the file begins with an invisible mark (BOM), so `{keyword}` in line 1 is not recognised",
+     "先頭の BOM のため 1 行目のキーワード「{keyword}」が認識されない。",
+     "save without BOM, or make line 1 a comment with a comma",
+     "BOM なしで保存するか、1 行目をコンマ付きの注釈にする", kFile},
+    {"F07", kNote, "the file begins with an invisible mark (BOM); it belongs to line 1",
+     "先頭に BOM がある。1 行目の一部とみなされる。", "save without BOM", "BOM なしで保存する",
+     kFile},
+    {"F08", kError, "the file is one long line: its lines end with carriage returns only",
+     "改行コードが CR のみで、全体が 1 行とみなされる。", "save with Windows or Unix line ends",
+     "改行コードを CR LF または LF にして保存する", kFile},
+    {"F09", kError, "full-width `{c}`: the line is not understood",
+     "全角の「{c}」がある。半角で書くこと。", "", "", kFile},
+    {"F10", kError, "values are separated by commas only", "区切りは半角コンマのみ。", "", "",
+     kFile},
+    {"F11", kError, "quotes are part of the text; `\"4,500\"` is two values, 0 and 500",
+     "引用符は取り除かれない。「\"4,500\"」は 0 と 500 の 2 つの値となる。", "", "", kFile},
+    {"F12", kError, "only 199 characters are read; the rest, `{rest}`, becomes a line of its own",
+     "199 文字で切られ、残り「{rest}」は別の行として読まれる。", "", "", kFile},
+    {"F12", kError,
+     "only 199 characters are read; the rest, `{rest}`, becomes a line of its own: it is taken for "
+     "story {n}",
+     "199 文字で切られ、残り「{rest}」は別の行として読まれ、{n} 階の行とみなされる。", "", "",
+     kFile},
+    {"F12", kNote, "only 199 characters are read; the rest, `{rest}`, becomes a line of its own",
+     "199 文字で切られ、残り「{rest}」は別の行として読まれる。", "at most 198 characters in a line",
+     "1 行は 198 文字以内とする", kFile},
+    {"F13", kError, "too many lines: only 100,001 may stand before FIN",
+     "行数が多すぎる。FIN の前は 100,001 行まで。", "", "", kFile},
+    {"F14", kNote, "the file looks saved by a spreadsheet: see the findings on empty entries",
+     "表計算ソフトで保存されたようである。空欄に注意すること。", "", "", kFile},
+    {"F15", kError, "this is not an input file", "入力ファイルではない。",
+     "name the Route 2 Input file", "入力ファイルを指定する", kFile},
+    {"F16", kWarning, "unreadable characters: neither UTF-8 nor Shift_JIS, or NUL",
+     "文字化けしている(UTF-8 でも Shift_JIS でもない文字、または NUL)。", "", "", kFile},
+
+    {"K01", kError, "`{w}` is not a keyword; the line is passed over",
+     "「{w}」はキーワードではない。この行は無視される。", "", "", kLines},
+    {"K02", kError, "a blank belongs to the word; the line is passed over",
+     "キーワードの前後の空白のため無視される。", "", "", kLines},
+    {"K03", kError, "a keyword line needs a comma; the line is passed over",
+     "キーワードの後にコンマが必要。この行は無視される。", "", "", kLines},
+    {"K03", kError,
+     "a keyword line needs a comma; the line is passed over and repeats the line before: both "
+     "earthquake load cases become {n}",
+     "キーワードの後にコンマが必要。この行は前の行の繰り返しとなり、両方向の地震荷重ケースが {n} "
+     "になる。",
+     "", "", kLines},
+    {"K04", kNote, "passed over (a comment?)", "注釈として無視される。",
+     "end comments with a comma, keep them at the top", "注釈はコンマで終え、ファイルの先頭に置く",
+     kLines},
+    {"K05", kWarning, "there is no DeadLoadCaseNumber: dead load case 1 is taken",
+     "DeadLoadCaseNumber がない。長期荷重ケースは 1 とみなされる。", "DeadLoadCaseNumber,1,",
+     "DeadLoadCaseNumber,1,", kLines},
+    {"K06", kError,
+     "there is no EarthquakeLoadCaseNumber: cases 1 and 1 are taken: no stiffness and no modulus "
+     "in the second direction",
+     "EarthquakeLoadCaseNumber がない。地震荷重ケースは 1, 1 とみなされ、第 2 "
+     "方向の剛性率・偏心率は求められない。",
+     "EarthquakeLoadCaseNumber,2,3,", "EarthquakeLoadCaseNumber,2,3,", kLines},
+    {"K07", kError, "only the first such line counts; this one is not read",
+     "最初の行のみ有効。この行は読まれない。", "one line", "1 行にまとめる", kLines},
+    {"K07", kWarning, "only the last such line counts; this one is not read",
+     "最後の行のみ有効。この行は読まれない。", "one line", "1 行にまとめる", kLines},
+    {"K08", kError, "belongs to no keyword; not read", "どのキーワードにも属さない行。読まれない。",
+     "", "", kLines},
+    {"K09", kNote, "`{w}` is no line of the calculation sheet", "「{w}」は計算書の行ではない。", "",
+     "", kLines},
+    {"K09", kNote, "this line of the calculation sheet ends the block before it",
+     "計算書の行でブロックが終わる。", "before `StoryMember,`", "「StoryMember,」の前に置く",
+     kLines},
+
+    {"L01", kError,
+     "this line has no comma and repeats EarthquakeLoadCaseNumber: both cases become {n}",
+     "この行(コンマなし)のため両方向とも {n} になる。", "remove it, or end it with a comma",
+     "削除するか、コンマで終える", kCases},
+    {"L02", kError, "one value counts for both directions", "1 つの値が両方向に使われる。", "", "",
+     kCases},
+    {"L03", kError, "the second case is 0", "2 つ目が 0 になる。", "two numbers", "2 つの番号",
+     kCases},
+    {"L04", kError, "`{t}` is read as {n}", "「{t}」は {n} と読まれる。", "a case number",
+     "荷重ケース番号", kCases},
+    {"L05", kError, "the same case twice: no stiffness in the second direction",
+     "両方向が同じケース。第 2 方向の剛性は求められない。", "", "", kCases},
+    {"L06", kWarning, "the dead load case is also an earthquake case", "長期と地震が同じケース。",
+     "", "", kCases},
+    {"L07", kWarning, "only {n} values are read", "値は {n} つまで。余分な値は読まれない。", "", "",
+     kCases},
+
+    {"V01", kError,
+     "FloorLevel has no comma at its end, so its last level, {v}, is not read; the top story would "
+     "be missing",
+     "FloorLevel の行末にコンマがないため、最後の {v} が読まれない。最上階が欠ける。", "", "",
+     kLevels},
+    {"V02", kError, "an empty entry is a floor at level 0", "空欄は床レベル 0 とみなされる。", "",
+     "", kLevels},
+    {"V02", kNote, "an empty entry is a floor at level 0, which is a level anyway",
+     "空欄は床レベル 0 とみなされる(0 は別に書かれている)。", "", "", kLevels},
+    {"V03", kError, "`{t}` is read as {n}", "「{t}」は {n} と読まれる。", "a level in mm",
+     "mm 単位のレベル", kLevels},
+    {"V04", kError, "levels are mm: {values} looks like metres",
+     "単位は mm({values} は m で書かれている?)。", "", "", kLevels},
+    {"V05", kError, "these look like story heights; levels are wanted",
+     "階高ではなく床レベルを書く。", "", "", kLevels},
+    {"V06", kNote, "sorted by the tool", "昇順に並べ替えられる。", "", "", kLevels},
+    {"V07", kWarning, "the level stands twice; it counts once", "重複は 1 つとみなす。", "", "",
+     kLevels},
+    {"V08", kError, "fewer than two different levels: no stories",
+     "異なるレベルが 2 つ未満で、階ができない。", "", "", kLevels},
+    {"V08", kError, "no level stands here: the levels are found in the model",
+     "レベルがない。床レベルはモデルから求められる。", "levels behind the keyword, in one line",
+     "キーワードと同じ行にレベルを書く", kLevels},
+    {"V09", kError, "story of {h} mm", "階高 {h} mm。", "", "", kLevels},
+    {"V09", kWarning, "story of {h} mm", "階高 {h} mm。", "", "", kLevels},
+    {"V09", kNote, "story of {h} mm", "階高 {h} mm。", "", "", kLevels},
+    {"V10", kError, "`{a},{b}` are two levels, {a} and {b}; {a}{b} meant?",
+     "桁区切りのコンマは使えない。「{a},{b}」は {a} と {b} の 2 つになる({a}{b} か?)。", "", "",
+     kLevels},
+
+    {"S01", kError, "no comma at the end: the last member, {m}, is not read",
+     "行末にコンマがないため、最後の部材 {m} が読まれない。", "", "", kMembers},
+    {"S02", kError,
+     "an empty entry is member 0, which ends the run with \"Exception was thrown...\"",
+     "空欄は部材 0 とみなされ計算が中断する。", "", "", kMembers},
+    {"S03", kError, "`{t}` is read as {n}", "「{t}」は {n} と読まれる。", "whole numbers, each one",
+     "整数を 1 つずつ", kMembers},
+    {"S03", kWarning, "`{t}` is hardly a member number; a run ends at a member that is not there",
+     "「{t}」は部材番号とは考えにくい。ない部材では計算が中断する。", "", "", kMembers},
+    {"S04", kError, "the block ends at line {n}; stories {list} get no members",
+     "{n} 行目でブロックが終わり、{list} 階は部材なしとなる。", "move or remove line {n}",
+     "{n} 行目を移すか削除する", kMembers},
+    {"S05", kError, "no story line follows: every story is without members",
+     "階の行がない。すべての階が部材なしとなる。", "remove the line", "この行を削除する", kMembers},
+    {"S06", kError, "there are {n} stories; this line and all after it are not read",
+     "{n} 階しかない。この行以降は読まれない。", "", "", kMembers},
+    {"S07", kWarning, "the block replaces the search for all stories; story {s} has no members",
+     "ブロックがあると自動検索は行われない。{s} 階は部材なし。", "--suggest lists them",
+     "--suggest で一覧が得られる", kMembers},
+    {"S08", kWarning, "member {m} stands twice in one story: it counts twice",
+     "部材 {m} が同じ階に 2 回ある。2 回数えられる。", "once", "1 回だけ書く", kMembers},
+    {"S09", kNote, "member {m} stands in several stories", "部材 {m} が複数の階にある。", "", "",
+     kMembers},
+    {"S09", kError, "member {m} stands in several stories and does not span them",
+     "部材 {m} が複数の階にあるが、それらの階にわたっていない。", "", "", kMembers},
+    {"S10", kError, "not a story line", "階の行とみなされない。階番号は半角数字で行頭から。", "",
+     "", kMembers},
+    {"S10", kError, "`{t}` is read as {n}",
+     "「{t}」は {n} と読まれる。階番号は半角数字で行頭から。", "", "", kMembers},
+    {"S11", kNote, "not read: text after the last comma", "最後のコンマの後は読まれない。", "", "",
+     kMembers},
+
+    {"A01", kError, "`{t}` is read as {n}: everything passes",
+     "「{t}」は {n} と読まれ、すべて合格となる。", "", "", kAllowables},
+    {"A01", kError, "`{t}` is read as {n}: everything fails",
+     "「{t}」は {n} と読まれ、すべて不合格となる。", "", "", kAllowables},
+    {"A02", kError, "`{t}` is read as {n}", "「{t}」は {n} と読まれる。", "", "", kAllowables},
+    {"A03", kError, "values stand on the lines after the keyword; nothing is set",
+     "値は次の行に「階,値」で書く。何も設定されない。", "", "", kAllowables},
+    {"A03", kError, "members stand on the lines after the keyword; nothing of this line is read",
+     "部材は次の行に「階,部材,…」で書く。この行の値は読まれない。", "", "", kAllowables},
+    {"A04", kError, "no comma: the line repeats story {s}, value {v} of the line before",
+     "コンマがないため、前の行(階 {s}、値 {v})が繰り返される。", "", "", kAllowables},
+    {"A05", kError, "an empty value is 0: every angle fails",
+     "空欄は 0 とみなされ、すべて不合格となる。", "", "", kAllowables},
+    {"A05", kError, "an empty value is 0: every ratio passes",
+     "空欄は 0 とみなされ、すべて合格となる。", "", "", kAllowables},
+    {"A05", kError, "an empty value is 0: every modulus fails",
+     "空欄は 0 とみなされ、すべて不合格となる。", "", "", kAllowables},
+    {"A06", kError, "{v}: reciprocal or percent meant?", "{v}: 逆数・百分率ではないか。", "", "",
+     kAllowables},
+    {"A07", kWarning, "the order admits up to 1/120", "1/120 を超える。", "", "", kAllowables},
+    {"A08", kNote, "relief; enclose the proof (finish, cladding, equipment)",
+     "緩和の根拠(仕上げ・外装材・設備)が必要。", "", "", kAllowables},
+    {"A09", kError, "the values end at line {n}; the story lines after it are not read",
+     "{n} 行目で終わり、以降の階の行は読まれない。", "keyword again, or remove line {n}",
+     "キーワードをもう一度書くか、{n} 行目を削除する", kAllowables},
+    {"A10", kError,
+     "there are {n} stories; this line and all allowable values further down, of every kind, stay "
+     "at their defaults",
+     "{n} 階しかない。以降の許容値はすべて既定値のまま。", "", "", kAllowables},
+    {"A11", kNote, "not the code's value", "規定値と異なる。", "", "", kAllowables},
+    {"A12", kNote, "the same story twice: the later wins", "同じ階が 2 回ある。後の値が有効。", "",
+     "", kAllowables},
+    {"A13", kNote, "just below {limit}: the comparison is strict",
+     "{limit} をわずかに下回る。判定は等号を含まない。", "", "", kAllowables},
+
+    {"D01", kError, "no comma at the end: the last member, {m}, is not read",
+     "行末にコンマがないため、最後の部材 {m} が読まれない。", "", "", kReported},
+    {"D01", kError, "no comma at the end: the only member, {m}, is not read",
+     "行末にコンマがないため、唯一の部材 {m} が読まれない。", "", "", kReported},
+    {"D02", kWarning, "`{t}` is member {n}, passed over if there is none",
+     "「{t}」は部材 {n} とみなされ、なければ無視される。", "", "", kReported},
+    {"D02", kWarning, "`{t}` is hardly a member number; passed over if there is none",
+     "「{t}」は部材番号とは考えにくい。なければ無視される。", "", "", kReported},
+    {"D02", kWarning, "an empty entry is member 0, passed over",
+     "空欄は部材 0 とみなされ、無視される。", "", "", kReported},
+};
+
+static_assert(std::size(kRules) == static_cast<std::size_t>(FileRule::kD02Empty) + 1);
+
+}  // namespace
+
+std::span<const LintRule> AllFileRules() {
+    return kRules;
+}
+
+LintFinding FindingOf(FileRule rule, const InputPlace& place) {
+    LintFinding finding;
+    finding.rule = &kRules[static_cast<std::size_t>(rule)];
+    finding.place = place;
+    return finding;
+}
