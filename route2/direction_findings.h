@@ -26,3 +26,6 @@ void FormReferenceRatios(std::vector<StoryFindings>& stories);
 std::optional<WhyUndetermined> WhyNoDrift(const StoryUnderFindings& under,
                                           const StoryFindings& found, std::size_t axis,
                                           bool isFormed);
+
+/// What each floor adds to the weight and to the story shears: call when all stories have theirs.
+void FormFloorDifferences(std::vector<StoryFindings>& stories);

@@ -39,21 +39,47 @@ void FormWorstUpright(const StoryFindings& found, std::size_t axis, WorstUpright
         worst.angle = Finite(std::abs(DeformAngle(*worst.drift, found.height)));
     worst.code = JudgeAngleByCode(worst.angle, worst.allowable);
     if (worst.code == CodeVerdict::kUndetermined) worst.why = WhyUndetermined::kNotFinite;
+    if (worst.angle) worst.utilisation = Finite(*worst.angle / worst.allowable);
+}
+
+// Of the upright members, of all members where none is upright, mm.
+Figure MeanUprightDrift(const StoryFindings& story, std::size_t axis) {
+    const bool uprightOnly = HasUprightMember(story);
+    double sum = 0.0;
+    int count = 0;
+    for (const MemberFindings& member : story.members) {
+        if (!member.drift[axis]) return std::nullopt;
+        if (uprightOnly && !member.upright) continue;
+        sum += *member.drift[axis];
+        ++count;
+    }
+    if (count == 0) return std::nullopt;
+    return Finite(sum / count);
+}
+
+void FormMeanUpright(const StoryFindings& found, std::size_t axis, DirectionFindings& direction) {
+    direction.meanUprightDrift = MeanUprightDrift(found, axis);
+    if (direction.meanUprightDrift && direction.worstUpright.drift)
+        direction.maxOverMean = Finite(*direction.worstUpright.drift / *direction.meanUprightDrift);
 }
 
 void FormToolMax(const StoryUnderFindings& under, std::size_t axis, StoryFindings& found) {
     const double largest = under.story.maxRelativeDispByLoadCase[axis][*under.casePosition[axis]];
+    const double height = StoryHeight(under.story);
+    const double angle = DeformAngle(largest, height);
     ToolMax& max = found.directions[axis].toolMax;
     max.drift = Finite(largest);
+    if (height > 0.0) max.angle = Finite(angle);
     for (const MemberFindings& member : found.members) {
         if (member.drift[axis] != largest) continue;
         max.member = member.number;
         max.leaning = !member.upright;
         break;
     }
-    if (under.rowsStand && axis != kX)
-        max.verdict = JudgeDeformAngle(DeformAngle(largest, StoryHeight(under.story)),
-                                       under.story.allowDeformAngle);
+    if (!under.rowsStand) return;
+    if (axis != kX) max.verdict = JudgeDeformAngle(angle, under.story.allowDeformAngle);
+    found.directions[axis].results.maxDrift = largest;
+    found.directions[axis].results.maxAngle = angle;
 }
 
 void FormMean(const StoryUnderFindings& under, std::size_t axis, DirectionFindings& direction) {
@@ -61,9 +87,11 @@ void FormMean(const StoryUnderFindings& under, std::size_t axis, DirectionFindin
     const double height = StoryHeight(under.story);
     direction.meanDrift = Finite(mean);
     if (height > 0.0) direction.meanAngle = Finite(DeformAngle(mean, height));
-    if (under.rowsStand)
-        direction.toolMeanVerdict =
-            JudgeDeformAngle(DeformAngle(mean, height), under.story.allowDeformAngle);
+    if (!under.rowsStand) return;
+    const double angle = DeformAngle(mean, height);
+    direction.toolMeanVerdict = JudgeDeformAngle(angle, under.story.allowDeformAngle);
+    direction.results.meanDrift = mean;
+    direction.results.meanAngle = angle;
 }
 
 }  // namespace
@@ -86,6 +114,7 @@ void FormDrifts(const StoryUnderFindings& under, StoryFindings& found) {
         if (!isFormed) continue;
         FormMean(under, axis, direction);
         FormWorstUpright(found, axis, direction.worstUpright);
+        FormMeanUpright(found, axis, direction);
         FormToolMax(under, axis, found);
     }
 }

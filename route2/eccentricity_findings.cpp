@@ -2,6 +2,7 @@
 // fallback of the results is not formed, and then there is no verdict.
 
 #include <cmath>
+#include <unordered_map>
 
 #include "route2/direction_findings.h"
 #include "route2/eccentricity_modulus.h"
@@ -21,6 +22,53 @@ void FormCenters(const StoryUnderFindings& under, const StiffnessSums& sums, Sto
     // Each coordinate rests on the stiffness across it.
     if (HasStiffness(sums.kz)) found.rigidityCenter[kX] = Finite(story.rigidityCenter[kX]);
     if (HasStiffness(sums.kx)) found.rigidityCenter[kZ] = Finite(story.rigidityCenter[kZ]);
+}
+
+// The weight's moments about the axes, from the forces that the centre of gravity is weighed with.
+std::array<Figure, 2> WeightMoment(const StoryUnderFindings& under, const StoryFindings& found) {
+    std::unordered_map<std::int32_t, Figure> forces;
+    for (const auto* members : {&found.members, &found.cutNotCounted})
+        for (const MemberFindings& member : *members)
+            forces.try_emplace(member.number, member.axialForce);
+    double alongX = 0.0, alongV = 0.0;
+    for (const PlacedMember& cut : under.cut) {
+        const Figure& force = forces[cut.number];
+        if (!force) return {};
+        alongX += *force * cut.lower.x;
+        alongV += *force * PlanZ(cut.lower, under.engine.zIsVertical);
+    }
+    return {Finite(alongX), Finite(alongV)};
+}
+
+// The coordinate that a direction's stiffness is weighted with: it lies across the direction.
+double Across(const MemberFindings& member, std::size_t axis) {
+    return axis == kX ? member.v : member.x;
+}
+
+void FormMemberMoments(StoryFindings& found) {
+    for (MemberFindings& member : found.members)
+        for (const std::size_t axis : {kX, kZ}) {
+            if (!member.stiffness[axis]) continue;
+            const double stiffness = *member.stiffness[axis];
+            member.stiffnessMoment[axis] = Finite(stiffness * Across(member, axis));
+            const Figure& center = found.rigidityCenter[axis == kX ? kZ : kX];
+            if (!center) continue;
+            const double arm = Across(member, axis) - *center;
+            member.torsionalPart[axis] = Finite(stiffness * arm * arm);
+        }
+}
+
+void FormMoments(const StoryUnderFindings& under, const StiffnessSums& sums, StoryFindings& found) {
+    FormMemberMoments(found);
+    if (found.weightAbove) found.weightMoment = WeightMoment(under, found);
+    const double moments[] = {sums.kxTimesZ, sums.kzTimesX};
+    const TorsionalStiffness torsion =
+        SumTorsionalStiffness(under.story, under.engine.earthquakeLoadCaseNumber);
+    for (const std::size_t axis : {kX, kZ}) {
+        DirectionFindings& direction = found.directions[axis];
+        if (direction.stiffness) direction.stiffnessMoment = Finite(moments[axis]);
+        if (found.torsionalStiffness) direction.torsionalPart = Finite(torsion.parts[axis]);
+    }
 }
 
 Figure Eccentricity(const StoryFindings& found, const StoryInfo& story, std::size_t axis) {
@@ -54,14 +102,22 @@ std::optional<WhyUndetermined> WhyNoModulus(const StoryUnderFindings& under,
 void FormModulus(const StoryUnderFindings& under, std::size_t axis, StoryFindings& found) {
     DirectionFindings& direction = found.directions[axis];
     const double modulus = under.story.eccentricityModulus[axis];
-    if (under.rowsStand)
+    if (under.rowsStand) {
         direction.eccentricityTool =
             JudgeEccentricityModulus(modulus, under.story.allowEccentricityModulus);
+        direction.results.eccentricityModulus = modulus;
+    }
     direction.eccentricity = Eccentricity(found, under.story, axis);
     direction.elasticRadius = Radius(found, axis);
+    if (direction.eccentricity && direction.elasticRadius)
+        direction.toLimit =
+            Finite(kCodeEccentricityModulus * *direction.elasticRadius - *direction.eccentricity);
     if (direction.eccentricity && direction.elasticRadius &&
         HasTorsionalStiffness(*found.torsionalStiffness))
         direction.eccentricityModulus = Finite(modulus);
+    if (direction.eccentricityModulus)
+        direction.modulusUtilisation =
+            Finite(*direction.eccentricityModulus / kCodeEccentricityModulus);
 }
 
 void JudgeModulus(const std::optional<WhyUndetermined>& why, DirectionFindings& direction) {
@@ -85,9 +141,13 @@ void FormEccentricity(const StoryUnderFindings& under, StoryFindings& found) {
     FormCenters(under, sums, found);
     if (found.rigidityCenter[kX] && found.rigidityCenter[kZ])
         found.torsionalStiffness = Finite(SumTorsionalStiffness(under.story, cases).kr);
+    FormMoments(under, sums, found);
     for (const std::size_t axis : {kX, kZ})
         FormModulus(under, axis, found);
     const auto why = WhyNoModulus(under, found, sums);
     for (DirectionFindings& direction : found.directions)
         JudgeModulus(why, direction);
+    if (!under.rowsStand) return;
+    found.gravityCenterOfResults = under.story.gravityCenter;
+    found.rigidityCenterOfResults = under.story.rigidityCenter;
 }

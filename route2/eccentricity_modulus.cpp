@@ -27,6 +27,7 @@ TorsionalStiffness SumTorsionalStiffness(const StoryInfo& story, const Earthquak
         }
     }
     sums.kr = ofZ + ofX;
+    sums.parts = {ofX, ofZ};
     return sums;
 }
 

@@ -5,9 +5,10 @@
 
 /// One story's stiffness about its centre of rigidity.
 struct TorsionalStiffness {
-    double kx = 0.0;  ///< X direction, kN/mm
-    double kz = 0.0;  ///< Z(or Y) direction, kN/mm
-    double kr = 0.0;  ///< torsional stiffness about the centre of rigidity, kN mm
+    double kx = 0.0;       ///< X direction, kN/mm
+    double kz = 0.0;       ///< Z(or Y) direction, kN/mm
+    double kr = 0.0;       ///< torsional stiffness about the centre of rigidity, kN mm
+    PerDirection parts{};  ///< what each direction's stiffness adds to it, kN mm
 };
 
 /// Sums over the records under the two earthquake load cases. A record of both counts in both.

@@ -24,6 +24,9 @@
 /// A figure that may not have been formed.
 using Figure = std::optional<double>;
 
+/// `value` as a figure: none when it is not finite.
+Figure Finite(double value);
+
 /// The upright story member that moves most in a direction, whatever its sign: of all members where
 /// none is upright, the first of equal ones.
 struct WorstUprightMember {
@@ -31,6 +34,7 @@ struct WorstUprightMember {
     Figure drift;            ///< mm, signed
     Figure angle;            ///< amount of the drift over the story height
     double allowable = 0.0;  ///< the code's limit, relief of the input included
+    Figure utilisation;      ///< angle over limit
     CodeVerdict code = CodeVerdict::kUndetermined;
     std::optional<WhyUndetermined> why;
 };
@@ -39,8 +43,28 @@ struct WorstUprightMember {
 struct ToolMax {
     std::optional<std::int32_t> member;
     Figure drift;  ///< mm, signed
+    Figure angle;  ///< drift over the story height, signed
     std::optional<bool> leaning;
     std::optional<ToolVerdict> verdict;  ///< none in X, where nothing is judged
+};
+
+/// The numbers of a direction as the rows of the results have them, fallbacks and what is no number
+/// included. None where there is no such row.
+struct ResultsNumbers {
+    std::optional<double> meanDrift;  ///< mm
+    std::optional<double> meanAngle;
+    std::optional<double> maxDrift;  ///< mm
+    std::optional<double> maxAngle;
+    std::optional<double> stiffnessRatio;
+    std::optional<double> eccentricityModulus;
+};
+
+/// What a story that fails one of the limits is asked to carry more under the procedure of the
+/// ultimate capacity.
+struct ShapeFactors {
+    Figure stiffness;     ///< F_s
+    Figure eccentricity;  ///< F_e
+    Figure product;       ///< F_es
 };
 
 /// The figures of one direction of a story, under that direction's earthquake case.
@@ -48,6 +72,10 @@ struct DirectionFindings {
     Figure storyShear;           ///< of all members that the cutting plane meets, kN
     Figure shearOfStoryMembers;  ///< kN
     Figure acrossShear;          ///< of the story members, in the other direction, kN
+    Figure share;                ///< of the story members in the story shear, 1 for all of it
+    Figure acrossShare;          ///< amount of the shear across over that along the direction
+    Figure shearCoefficient;     ///< story shear over the weight above
+    Figure floorForce;           ///< story shear less that of the story above, kN
     Figure verticalForce;        ///< of all members that the cutting plane meets, kN
     Figure deadShear;            ///< the same members' shear under the dead load case, kN
     Figure floorResidual;        ///< how far nodes of the upper floor are from moving as one piece,
@@ -55,6 +83,8 @@ struct DirectionFindings {
 
     Figure meanDrift;  ///< mm
     Figure meanAngle;
+    Figure meanUprightDrift;  ///< of the upright members, of all where none is upright, mm
+    Figure maxOverMean;       ///< drift of the worst upright member over that mean
     WorstUprightMember worstUpright;
     ToolMax toolMax;
     std::optional<ToolVerdict> toolMeanVerdict;
@@ -67,6 +97,7 @@ struct DirectionFindings {
     CodeVerdict stiffnessRatioCode = CodeVerdict::kUndetermined;
     std::optional<WhyUndetermined> stiffnessRatioWhy;
     std::optional<ToolVerdict> stiffnessRatioTool;
+    Figure ratioUtilisation;  ///< limit over ratio; none for a ratio that is not positive
 
     Figure stiffness;      ///< kN/mm
     Figure eccentricity;   ///< amount, across the direction, mm
@@ -75,6 +106,14 @@ struct DirectionFindings {
     CodeVerdict eccentricityCode = CodeVerdict::kUndetermined;
     std::optional<WhyUndetermined> eccentricityWhy;
     std::optional<ToolVerdict> eccentricityTool;
+    Figure modulusUtilisation;  ///< modulus over limit
+    Figure toLimit;  ///< how much farther the centres may lie apart across the direction, mm;
+                     ///< negative: how much closer they must come
+    Figure stiffnessMoment;  ///< of the stiffness about the other axis: K_X v, K_2 x, kN
+    Figure torsionalPart;    ///< this direction's part of the torsional stiffness, kN mm
+
+    std::optional<ShapeFactors> shapeFactors;  ///< where ratio or modulus is beyond its limit
+    ResultsNumbers results;
 };
 
 /// A member that a story's cutting plane meets, or a story member; one entry each time it is named.
@@ -89,6 +128,9 @@ struct MemberFindings {
     std::array<Figure, 2> drift;      ///< under that direction's case; of a member that is not
                                       ///< counted, the difference of its own two nodes
     std::array<Figure, 2> stiffness;  ///< of story members only
+    std::array<Figure, 2> angle;      ///< drift over its own height; only of what is not counted
+    std::array<Figure, 2> stiffnessMoment;  ///< K_X v and K_2 x, kN
+    std::array<Figure, 2> torsionalPart;    ///< K_X (v - v_R)^2 and K_2 (x - x_R)^2, kN mm
 };
 
 struct StoryFindings {
@@ -101,9 +143,14 @@ struct StoryFindings {
     std::vector<MemberFindings> cutNotCounted;  ///< cut, and no story member; in the host's order
 
     Figure weightAbove;                    ///< kN
+    Figure floorWeight;                    ///< less that above the next story, kN
+    std::array<Figure, 2> weightMoment;    ///< of the weight above: N x and N v, kN mm
     std::array<Figure, 2> gravityCenter;   ///< plan coordinates
     std::array<Figure, 2> rigidityCenter;  ///< plan coordinates
     Figure torsionalStiffness;
+
+    std::optional<PerDirection> gravityCenterOfResults;   ///< as their rows have it
+    std::optional<PerDirection> rigidityCenterOfResults;  ///< as their rows have it
 
     double allowableAngle = 0.0;  ///< of the input file, or the default
     double allowableRatio = 0.0;
@@ -122,6 +169,13 @@ struct ModelMember {
     std::int32_t number = 0;
     std::optional<std::size_t> start;  ///< place among the nodes; none when the node is missing
     std::optional<std::size_t> end;
+};
+
+/// How large the building is, from the axes of its members.
+struct BuildingExtent {
+    Figure height;                ///< lowest to highest floor level, mm
+    std::array<Figure, 2> width;  ///< of the story members' nodes in plan, mm
+    Figure slenderness;           ///< height over the smaller width
 };
 
 /// The roles of load cases, and which cases the model has.
@@ -160,10 +214,11 @@ struct Findings {
 
     std::vector<double> floorLevels;     ///< mm, ascending
     std::vector<StoryFindings> stories;  ///< lowest first
-    std::vector<Warning> warnings;       ///< of the log, in its order
-    int failedExtraQuestions = 0;        ///< asked for the figures after the run
-    std::string firstFailedQuestion;     ///< what the host said of it
-    std::vector<Remark> remarks;         ///< errors first, then warnings, then notes
+    BuildingExtent extent;
+    std::vector<Warning> warnings;    ///< of the log, in its order
+    int failedExtraQuestions = 0;     ///< asked for the figures after the run
+    std::string firstFailedQuestion;  ///< what the host said of it
+    std::vector<Remark> remarks;      ///< errors first, then warnings, then notes
     RunEnd end;
     OverallVerdict verdict;
 

@@ -4,9 +4,11 @@
 #include <cmath>
 #include <utility>
 
+#include "route2/building_extent.h"
 #include "route2/direction_findings.h"
 #include "route2/member_findings.h"
 #include "route2/remarks.h"
+#include "route2/shape_factors.h"
 
 Figure Finite(double value) {
     if (!std::isfinite(value)) return std::nullopt;
@@ -60,6 +62,8 @@ StoryFindings FormStory(const StoryUnderFindings& under, int number) {
     FormDrifts(under, found);
     FormStiffnessRatios(under, found);
     FormEccentricity(under, found);
+    for (DirectionFindings& direction : found.directions)
+        direction.shapeFactors = FormShapeFactors(direction);
     return found;
 }
 
@@ -88,6 +92,7 @@ std::vector<StoryFindings> FormStories(const AijCodeRoute2& engine, bool isCompl
         stories.push_back(FormStory(under, static_cast<int>(stories.size() + 1)));
     }
     FormReferenceRatios(stories);
+    FormFloorDifferences(stories);
     return stories;
 }
 
@@ -129,6 +134,7 @@ Findings FormFindings(const AijCodeRoute2& engine, const RunEnd& end) {
     findings.stories = FormStories(engine, end.complete, questions);
     findings.failedExtraQuestions = questions.Failures();
     findings.firstFailedQuestion = questions.FirstFailure();
+    findings.extent = FormBuildingExtent(findings);
     findings.remarks = FormRemarks(findings);
     findings.verdict = {OverallByCode(findings), OverallByTool(findings)};
     return findings;

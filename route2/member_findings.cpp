@@ -83,6 +83,8 @@ MemberFindings FormNotCounted(const StoryUnderFindings& under, const PlacedMembe
             found.shear[axis] =
                 Finite(ShearOf(*force, axes, engine.zIsVertical, engine.inchUnits)[axis]);
         found.drift[axis] = DriftOfOwnNodes(under, cut, axis);
+        if (found.drift[axis] && found.height > 0.0)
+            found.angle[axis] = Finite(DeformAngle(*found.drift[axis], found.height));
     }
     return found;
 }

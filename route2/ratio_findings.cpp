@@ -16,8 +16,10 @@ void FormRatio(const StoryUnderFindings& under, std::size_t axis, DirectionFindi
     const double drift = under.story.meanRelativeDispByLoadCase[axis][k];
     const double rsMean = under.engine.rsBarOfMeanDispByLoadCase[axis][k];
     const double ratio = StiffnessRatio(axis, DeformAngle(drift, height), rsMean);
-    if (under.rowsStand)
+    if (under.rowsStand) {
         direction.stiffnessRatioTool = JudgeStiffnessRatio(ratio, under.story.allowStiffRatio);
+        direction.results.stiffnessRatio = ratio;
+    }
     direction.stiffnessRatioWhy = WhyUndetermined::kNotFinite;
     if (drift == 0.0) direction.stiffnessRatioWhy = WhyUndetermined::kNoDrift;
     // Without a drift, a height or a mean the 0 of the results is a fallback.
@@ -27,23 +29,12 @@ void FormRatio(const StoryUnderFindings& under, std::size_t axis, DirectionFindi
     direction.stiffnessRatioCode = JudgeRatioByCode(direction.stiffnessRatio);
     if (direction.stiffnessRatioCode != CodeVerdict::kUndetermined)
         direction.stiffnessRatioWhy.reset();
+    if (direction.stiffnessRatio && *direction.stiffnessRatio > 0.0)
+        direction.ratioUtilisation = Finite(kCodeStiffnessRatio / *direction.stiffnessRatio);
 }
 
-// Mean drift of the upright members, of all members where none is upright, mm.
 Figure MeanUprightDrift(const StoryFindings& story, std::size_t axis) {
-    double sums[2] = {0.0, 0.0};  // of all members, of the upright ones
-    int counts[2] = {0, 0};
-    for (const MemberFindings& member : story.members) {
-        if (!member.drift[axis]) return std::nullopt;
-        for (const int kind : {0, 1}) {
-            if (kind == 1 && !member.upright) continue;
-            sums[kind] += *member.drift[axis];
-            ++counts[kind];
-        }
-    }
-    const int kind = counts[1] > 0 ? 1 : 0;
-    if (counts[kind] == 0) return std::nullopt;
-    return Finite(sums[kind] / counts[kind]);
+    return story.directions[axis].meanUprightDrift;
 }
 
 // The drift of a story that moves without turning: its members' shear over their stiffness, mm.

@@ -1,6 +1,7 @@
 // Story shears: of all members that the cutting plane meets, of the story members, and what the
 // story members carry across the direction of the load.
 
+#include <cmath>
 #include <unordered_map>
 
 #include "route2/direction_findings.h"
@@ -54,6 +55,23 @@ Figure ShearOfStoryMembers(const StoryFindings& found, std::size_t axis) {
     return sum;
 }
 
+Figure Quotient(const Figure& dividend, const Figure& divisor) {
+    if (!dividend || !divisor) return std::nullopt;
+    return Finite(*dividend / *divisor);
+}
+
+Figure Amount(const Figure& figure) {
+    if (!figure) return std::nullopt;
+    return std::abs(*figure);
+}
+
+// Of the top story all of it.
+Figure LessThatAbove(const Figure& here, const Figure* above) {
+    if (!here || above == nullptr) return here;
+    if (!*above) return std::nullopt;
+    return Finite(*here - **above);
+}
+
 }  // namespace
 
 void FormShears(const StoryUnderFindings& under, StoryFindings& found) {
@@ -63,5 +81,24 @@ void FormShears(const StoryUnderFindings& under, StoryFindings& found) {
         direction.storyShear = StoryShear(under, found, axis);
         direction.shearOfStoryMembers = ShearOfStoryMembers(found, axis);
         direction.acrossShear = AcrossShear(under, axis);
+        direction.share = Quotient(direction.shearOfStoryMembers, direction.storyShear);
+        direction.acrossShare =
+            Quotient(Amount(direction.acrossShear), Amount(direction.shearOfStoryMembers));
+        if (under.story.weightAbove)
+            direction.shearCoefficient =
+                Quotient(direction.storyShear, Finite(*under.story.weightAbove));
+    }
+}
+
+void FormFloorDifferences(std::vector<StoryFindings>& stories) {
+    for (std::size_t i = 0; i < stories.size(); ++i) {
+        StoryFindings& story = stories[i];
+        const StoryFindings* const above = i + 1 < stories.size() ? &stories[i + 1] : nullptr;
+        story.floorWeight = LessThatAbove(story.weightAbove, above ? &above->weightAbove : nullptr);
+        for (const std::size_t axis : {kX, kZ}) {
+            DirectionFindings& direction = story.directions[axis];
+            direction.floorForce = LessThatAbove(
+                direction.storyShear, above ? &above->directions[axis].storyShear : nullptr);
+        }
     }
 }

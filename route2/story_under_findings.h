@@ -28,6 +28,3 @@ struct StoryUnderFindings {
     }
     bool BothCasesExist() const { return casePosition[kX] && casePosition[kZ]; }
 };
-
-/// `value` as a figure: none when it is not finite.
-Figure Finite(double value);

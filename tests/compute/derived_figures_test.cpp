@@ -1,0 +1,151 @@
+// Figures that follow from those of a check: shares, differences of floors, utilisations, moments.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "route2/shape_factors.h"
+#include "tests/support/run_findings.h"
+#include "tests/support/small_building.h"
+#include "tests/support/two_story_building.h"
+
+using testing::ElementsAre;
+using testing::Optional;
+
+namespace {
+
+const std::string kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
+
+auto Near(double value) {
+    return Optional(testing::DoubleNear(value, 1e-9 * (1.0 + std::abs(value))));
+}
+
+// Four columns at (0, 0), (6, 0), (0, 4), (6, 4) m, 3.5 m high; every column moves 7 mm in X and
+// 3.5 mm in Z and carries 14 kN in each, 100 kN of weight.
+class SmallBuildingFigures : public testing::Test {
+protected:
+    SmallBuildingFigures() { AddSmallBuilding(host); }
+    StoryFindings Story(const std::string& input = kSmallBuildingInput) {
+        findings = FindingsOf(host, input);
+        return findings.stories.at(0);
+    }
+    FakeHost host;
+    Findings findings;
+};
+
+TEST_F(SmallBuildingFigures, SayWhichShareOfTheStoryShearTheStoryMembersCarry) {
+    EXPECT_THAT(Story().directions[kX].share, Near(1.0));
+    const StoryFindings half = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
+    EXPECT_THAT(half.directions[kX].share, Near(0.5));
+}
+
+// Under case 2 columns 1 and 2 also push 7 kN across: 14 of 56 kN.
+TEST_F(SmallBuildingFigures, SayWhatTheCaseDoesAcrossItsDirection) {
+    host.Force(2, 1, 0, 0, 14, 7).Force(2, 2, 0, 0, 14, 7);
+    EXPECT_THAT(Story().directions[kX].acrossShare, Near(0.25));
+}
+
+TEST_F(SmallBuildingFigures, HaveAShearCoefficientOfTheWholeStoryShear) {
+    const StoryFindings story = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
+    EXPECT_THAT(story.directions[kX].shearCoefficient, Near(56.0 / 400.0));
+}
+
+// 14, 7, 7 and 7 mm: the largest over the mean is 14 / 8.75. 14 / 3500 is 1/250, 0.8 of 1/200.
+TEST_F(SmallBuildingFigures, CompareTheLargestDriftWithTheMeanAndWithItsLimit) {
+    host.Displace(2, 11, 0.014, 0, 0);
+    const DirectionFindings x = Story().directions[kX];
+    EXPECT_THAT(x.meanUprightDrift, Near(8.75));
+    EXPECT_THAT(x.maxOverMean, Near(1.6));
+    EXPECT_THAT(x.worstUpright.utilisation, Near(0.8));
+    EXPECT_THAT(x.toolMax.angle, Near(1.0 / 250));
+}
+
+TEST_F(SmallBuildingFigures, CompareRatioAndModulusWithTheirLimits) {
+    const DirectionFindings x = Story().directions[kX];
+    EXPECT_THAT(x.ratioUtilisation, Near(0.6));
+    EXPECT_THAT(x.modulusUtilisation, Near(0.0));
+}
+
+// r_e = sqrt(176e6 / 8) in X; the centres coincide, so they may part by 0.15 of it.
+TEST_F(SmallBuildingFigures, SayHowFarTheCentresMayPart) {
+    EXPECT_THAT(Story().directions[kX].toLimit, Near(0.15 * std::sqrt(22e6)));
+}
+
+// Column 4 stands at x = 6000, v = 4000, 3000 and 2000 mm from the centre; K_X = 2, K_2 = 4.
+TEST_F(SmallBuildingFigures, HoldTheTermsOfTheCentresAndOfTheTorsionalStiffness) {
+    const StoryFindings story = Story();
+    const MemberFindings& column = story.members.at(3);
+    EXPECT_THAT(column.stiffnessMoment, ElementsAre(Near(8000.0), Near(24000.0)));
+    EXPECT_THAT(column.torsionalPart, ElementsAre(Near(8e6), Near(36e6)));
+    EXPECT_THAT(story.directions[kX].stiffnessMoment, Near(16000.0));
+    EXPECT_THAT(story.directions[kZ].stiffnessMoment, Near(48000.0));
+    EXPECT_THAT(story.directions[kX].torsionalPart, Near(32e6));
+    EXPECT_THAT(story.directions[kZ].torsionalPart, Near(144e6));
+    EXPECT_THAT(story.weightMoment, ElementsAre(Near(1.2e6), Near(0.8e6)));
+}
+
+TEST_F(SmallBuildingFigures, HoldWhatTheRowsOfTheResultsShow) {
+    const StoryFindings story = Story("EarthquakeLoadCaseNumber,2,2,\nFIN\n");
+    EXPECT_THAT(story.directions[kX].results.meanAngle, Near(1.0 / 500));
+    EXPECT_THAT(story.directions[kZ].results.eccentricityModulus, Near(0.0));  // the fallback
+    EXPECT_THAT(story.rigidityCenterOfResults, Optional(ElementsAre(0.0, 2000.0)));
+}
+
+TEST_F(SmallBuildingFigures, GiveTheAngleOfAMemberThatIsNotCountedOverItsOwnHeight) {
+    const StoryFindings story = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
+    EXPECT_THAT(story.cutNotCounted.at(0).angle, ElementsAre(Near(1.0 / 500), Near(1.0 / 1000)));
+}
+
+// 3.5 m high on 6 m by 4 m.
+TEST_F(SmallBuildingFigures, HoldTheExtentOfTheBuilding) {
+    Story();
+    EXPECT_THAT(findings.extent.height, Near(3500.0));
+    EXPECT_THAT(findings.extent.width, ElementsAre(Near(6000.0), Near(4000.0)));
+    EXPECT_THAT(findings.extent.slenderness, Near(0.875));
+}
+
+// Columns carry 200 kN in story 1 and 100 kN in story 2; both stories have shears of 50 to 53 kN.
+TEST(TwoStoryFigures, SayWhatEachFloorAddsToWeightAndShear) {
+    FakeHost host;
+    BuildTwoStories(host);
+    const Findings findings = FindingsOf(host, kTwoStoryInput);
+    EXPECT_THAT(findings.stories.at(0).floorWeight, Near(400.0));
+    EXPECT_THAT(findings.stories.at(1).floorWeight, Near(400.0));
+    EXPECT_THAT(findings.stories.at(0).directions[kX].floorForce, Near(0.0));
+    EXPECT_THAT(findings.stories.at(1).directions[kX].floorForce, Near(206.0));
+}
+
+// Story 1 moves 7 mm, story 2 back by 4 mm: rs = 500 and -875, their mean is -187.5.
+TEST(TwoStoryFigures, HaveNoUtilisationOfANegativeRatio) {
+    FakeHost host;
+    BuildTwoStories(host);
+    for (std::int32_t node = 21; node <= 24; ++node)
+        host.Displace(2, node, 0.003, 0, 0);
+    const Findings findings = FindingsOf(host, kTwoStoryInput);
+    EXPECT_THAT(findings.stories.at(0).directions[kX].stiffnessRatio, Near(500 / -187.5));
+    EXPECT_EQ(std::nullopt, findings.stories.at(0).directions[kX].ratioUtilisation);
+    EXPECT_THAT(findings.stories.at(1).directions[kX].ratioUtilisation, Near(0.6 / (875 / 187.5)));
+}
+
+TEST(ShapeFactors, GrowBelowTheStiffnessRatioAndAboveTheModulus) {
+    EXPECT_DOUBLE_EQ(1.0, StiffnessShapeFactor(0.6));
+    EXPECT_DOUBLE_EQ(1.5, StiffnessShapeFactor(0.3));
+    EXPECT_DOUBLE_EQ(1.0, EccentricityShapeFactor(0.15));
+    EXPECT_DOUBLE_EQ(1.25, EccentricityShapeFactor(0.225));
+    EXPECT_DOUBLE_EQ(1.5, EccentricityShapeFactor(0.3));
+    EXPECT_DOUBLE_EQ(1.5, EccentricityShapeFactor(2.0));
+}
+
+TEST(ShapeFactors, AreFormedWhereALimitIsExceededOnly) {
+    DirectionFindings direction;
+    direction.stiffnessRatio = 0.3;
+    direction.eccentricityModulus = 0.225;
+    direction.stiffnessRatioCode = CodeVerdict::kOk;
+    direction.eccentricityCode = CodeVerdict::kOk;
+    EXPECT_EQ(std::nullopt, FormShapeFactors(direction));
+    direction.eccentricityCode = CodeVerdict::kNg;
+    EXPECT_THAT(FormShapeFactors(direction)->product, Near(1.5 * 1.25));
+}
+
+}  // namespace
