@@ -1,13 +1,18 @@
 #include "cli/check_command.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 
+#include "cli/check_report.h"
+#include "cli/figure_files.h"
+#include "cli/input_cautions.h"
 #include "cli/messages.h"
-#include "cli/run_reports.h"
-#include "cli/summary.h"
 #include "host/qhm_file.h"
 #include "host/recorded_host.h"
+#include "input/sheet_lines.h"
+#include "lint/input_remarks.h"
+#include "platform/native_path.h"
 #include "platform/one_line.h"
 #include "platform/regular_file.h"
 #include "platform/terminal.h"
@@ -17,12 +22,18 @@ namespace {
 // The status list of a terminal: one line per entry, each shown at once.
 class TerminalStatusList : public StatusList {
 public:
+    explicit TerminalStatusList(Detail detail) : isShown_(detail != Detail::kQuiet) {}
+
     void Clear() override {}
-    void Append(StatusText line) override { std::cout << TextOf(line) << std::endl; }
+    void Append(StatusText line) override {
+        if (isShown_) std::cout << TextOf(line) << std::endl;
+    }
+
+private:
+    bool isShown_;
 };
 
-// Verdicts are shown from whole reports only: a table with rows missing could pass for good.
-void PrintReports(const ReportPaths& reports, const RunOutcome& outcome) {
+void PrintReportPlaces(const ReportPaths& reports, const RunOutcome& outcome) {
     const auto isIncomplete = [&outcome](const std::string& path) {
         return std::ranges::find(outcome.incompleteReports, path) !=
                outcome.incompleteReports.end();
@@ -30,13 +41,19 @@ void PrintReports(const ReportPaths& reports, const RunOutcome& outcome) {
     const auto place = [&isIncomplete](const std::string& path) {
         return isIncomplete(path) ? OneLine(path) + " (incomplete)" : OneLine(path);
     };
-    const LogReport log = ReadLog(reports.logFile);
-    if (outcome.resultsWritten && !isIncomplete(reports.logFile))
-        PrintVerdicts(std::cout, log, ReadResults(reports.resultFile), StandardOutputShowsColor());
-    PrintWarnings(std::cout, log);
     const bool hasResults = outcome.resultsWritten || isIncomplete(reports.resultFile);
     std::cout << "\nLog:     " << place(reports.logFile) << "\nResults: "
-              << (hasResults ? place(reports.resultFile) : "none written by this run") << std::endl;
+              << (hasResults ? place(reports.resultFile) : "none written by this run") << "\n";
+}
+
+void PrintFigurePlaces(const FigureFiles& files) {
+    const struct {
+        const char* what;
+        const std::string& path;
+    } places[] = {
+        {"Figures: ", files.json}, {"Table:   ", files.table}, {"Members: ", files.memberTable}};
+    for (const auto& [what, path] : places)
+        if (!path.empty()) std::cout << what << OneLine(path) << "\n";
 }
 
 void CautionAboutReports(const ReportPaths& reports, const RunOutcome& outcome) {
@@ -64,31 +81,108 @@ void TellWhyItEnded(const RunOutcome& outcome) {
                                                  : outcome.failure));
 }
 
-}  // namespace
+// Figures are there whenever the run had an engine. False when a file that was asked for is not
+// written.
+bool LeaveFigures(const RunOutcome& outcome, const CheckedHost& host, const std::string& inputPath,
+                  const CheckOptions& options) {
+    const FigureFiles& files = options.figureFiles;
+    if (!outcome.findings) {
+        for (const std::string& path : {files.json, files.table, files.memberTable})
+            if (!path.empty())
+                TellCaution(path + ": not written: the run ended before it had read the model");
+        return true;
+    }
+    if (files.json.empty() && files.table.empty() && files.memberTable.empty()) return true;
+    const bool fromRecording = !host.recordingPath.empty();
+    const RunSource source{fromRecording ? host.recordingPath : outcome.modelPath, fromRecording};
+    return WriteFigureFiles(*outcome.findings, DescribeRun(source, inputPath, options.date), files);
+}
 
-RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inputPath,
-                       const FileGuard& guard, LintsInput lintsInput) {
-    if (lintsInput == LintsInput::kYes) CautionAboutInput(inputPath);
-    TerminalStatusList status;
-    ReportPaths reports;
-    RunOutcome outcome;
+bool FailsOnVerdict(const std::optional<Findings>& findings, FailOn failOn) {
+    if (!findings || failOn == FailOn::kNothing) return false;
+    if (failOn == FailOn::kCode) return findings->verdict.code != CodeVerdict::kOk;
+    return findings->verdict.tool != ToolVerdict::kPass;
+}
+
+ExitCode CodeOf(const RunOutcome& outcome, bool areFiguresLeft, FailOn failOn) {
+    if (outcome.filesCollide) return kExitUsage;
+    if (!outcome.complete || !areFiguresLeft) return kExitEndedEarly;
+    return FailsOnVerdict(outcome.findings, failOn) ? kExitVerdict : kExitComplete;
+}
+
+RunOptions RunOptionsFor(const CheckedHost& host, const InputCheck& input,
+                         const CheckOptions& options, const FileGuard& guard) {
+    RunOptions run;
+    run.wantsFindings = WantsFindings::kYes;
+    run.guard = guard;
+    run.reportFolder = options.reportFolder;
+    run.inputRemarks = RemarksOnInput(input);
+    run.groundLevel = SheetLinesOf(input.text).groundLevel;
+    run.unlistedAnswers = host.unlistedAnswers;
+    return run;
+}
+
+RunOutcome Run(const CheckedHost& host, const std::string& inputPath, const RunOptions& options,
+               Detail detail, ReportPaths& reports) {
+    TerminalStatusList status(detail);
     try {
-        outcome = RunCompute(inputPath, connectHost, status, reports, WantsFindings::kNo, guard);
+        return RunCompute(inputPath, host.connect, status, reports, options);
     } catch (const std::exception& error) {
+        RunOutcome outcome;
         outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
         outcome.failure = error.what();
+        return outcome;
     }
-    if (outcome.opensLog) PrintReports(reports, outcome);
+}
+
+// What the run found, and where everything is.
+void Print(const RunOutcome& outcome, const ReportPaths& reports, const CheckOptions& options,
+           bool areFiguresLeft) {
+    const bool inputIsTold = options.lintsInput == LintsInput::kYes;
+    if (outcome.findings && outcome.opensLog)
+        PrintFindings(std::cout, {*outcome.findings, outcome.printedVerdicts, inputIsTold},
+                      options.detail, StandardOutputShowsColor());
+    if (options.detail != Detail::kQuiet) {
+        if (outcome.opensLog) PrintReportPlaces(reports, outcome);
+        if (outcome.findings && areFiguresLeft) PrintFigurePlaces(options.figureFiles);
+    }
+    std::cout << std::flush;
+}
+
+bool MakeFolder(const std::string& folder) {
+    if (folder.empty()) return true;
+    std::error_code error;
+    std::filesystem::create_directories(NativePath(folder), error);
+    if (std::filesystem::is_directory(NativePath(folder), error)) return true;
+    TellError(folder + ": the folder for log and results cannot be made");
+    return false;
+}
+
+}  // namespace
+
+CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
+                        const CheckOptions& options, const FileGuard& guard) {
+    if (!MakeFolder(options.reportFolder)) return {{}, kExitUsage};
+    const InputCheck input = CheckInputFile(inputPath);
+    if (options.lintsInput == LintsInput::kYes)
+        CautionAboutInput(input, inputPath, options.detail == Detail::kQuiet);
+    ReportPaths reports;
+    RunOutcome outcome =
+        Run(host, inputPath, RunOptionsFor(host, input, options, guard), options.detail, reports);
+    const bool areFiguresLeft =
+        outcome.filesCollide || LeaveFigures(outcome, host, inputPath, options);
+    Print(outcome, reports, options, areFiguresLeft);
     CautionAboutReports(reports, outcome);
     if (!outcome.complete) TellWhyItEnded(outcome);
-    return outcome;
+    const ExitCode code = CodeOf(outcome, areFiguresLeft, options.failOn);
+    return {std::move(outcome), code};
 }
 
 ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath,
-                            LintsInput lintsInput) {
+                            const CheckOptions& options) {
     // Looked at before the model is read, which takes its time, and again by the run.
-    const FileGuard guard = RequireAllDistinct();
-    if (const auto collision = guard(FilesOfRun(inputPath, modelPath))) {
+    const FileGuard guard = RequireAllDistinct(OutputsOf(options));
+    if (const auto collision = guard(FilesOfRun(inputPath, modelPath, options.reportFolder))) {
         TellError(*collision + "; nothing was written");
         return kExitUsage;
     }
@@ -99,7 +193,10 @@ ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inp
         TellError(error.what());
         return kExitUsage;
     }
-    for (const std::string& caution : contents.cautions) TellCaution(modelPath + ": " + caution);
+    for (const std::string& caution : contents.cautions)
+        TellCaution(modelPath + ": " + caution);
     RecordedHost host(contents.model, modelPath);
-    return ExitCodeOf(CheckOnHost([&host] { return &host; }, inputPath, guard, lintsInput));
+    const CheckedHost checked{[&host] { return &host; }, modelPath,
+                              [&host] { return host.UnlistedAnswers(); }};
+    return CheckOnHost(checked, inputPath, options, guard).code;
 }

@@ -1,19 +1,34 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 
+#include "cli/check_options.h"
 #include "cli/exit_codes.h"
-#include "cli/input_cautions.h"
 #include "compute/compute_run.h"
-#include "compute/run_files.h"
 
 /// `quarnel-cli check MODEL.qhm INPUT.csv`: a run on a recorded building. Prints the status lines,
-/// then a summary; problems go to standard error, one line each.
+/// then what was found; problems go to standard error, one line each.
 ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath,
-                            LintsInput lintsInput);
+                            const CheckOptions& options);
+
+/// A host whose building is checked.
+struct CheckedHost {
+    HostConnector connect;
+    std::string recordingPath;  ///< as given on the command line; empty for the running host
+
+    /// Of a recorded host; see FindingsSources.
+    std::function<std::size_t()> unlistedAnswers = {};
+};
+
+struct CheckResult {
+    RunOutcome outcome;
+    ExitCode code = kExitEndedEarly;
+};
 
 /// Runs the checks on any host and prints what `quarnel-cli check` prints: cautions about the
-/// input file, status lines, verdicts, warnings, where the files are, why the run ended early.
-/// `guard` says which files the command must not mix up.
-RunOutcome CheckOnHost(const HostConnector& connectHost, const std::string& inputPath,
-                       const FileGuard& guard, LintsInput lintsInput);
+/// input file, status lines, findings, where the files are, why the run ended early. Writes the
+/// figures that the options want. `guard` says which files the command must not mix up.
+CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
+                        const CheckOptions& options, const FileGuard& guard);

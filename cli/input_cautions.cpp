@@ -3,7 +3,6 @@
 #include <cstddef>
 
 #include "cli/messages.h"
-#include "input/input_check.h"
 #include "input/lint_finding_text.h"
 
 namespace {
@@ -12,12 +11,12 @@ constexpr std::size_t kMostCautions = 20;
 
 }  // namespace
 
-void CautionAboutInput(const std::string& inputPath) {
-    const InputCheck check = CheckInputFile(inputPath);
+void CautionAboutInput(const InputCheck& check, const std::string& inputPath, bool errorsOnly) {
     if (!check.isRead) return;
+    const LintKind least = errorsOnly ? LintKind::kError : LintKind::kWarning;
     std::size_t cautions = 0;
     for (const LintFinding& finding : check.findings) {
-        if (finding.rule->kind == LintKind::kNote) continue;
+        if (finding.rule->kind < least) continue;
         if (++cautions <= kMostCautions)
             TellCaution(LineOf(finding, check.text, inputPath, Language::kEnglish));
     }

@@ -2,9 +2,8 @@
 
 #include <string>
 
-/// Whether the input file is looked at before a run.
-enum class LintsInput { kNo, kYes };
+#include "input/input_check.h"
 
-/// Prints what an input file shows by itself, errors and warnings, as cautions on standard error,
-/// one line each. A file that cannot be read is left to the run.
-void CautionAboutInput(const std::string& inputPath);
+/// Prints what an input file shows by itself as cautions on standard error, one line each: errors,
+/// and warnings unless `errorsOnly`. A file that cannot be read is left to the run.
+void CautionAboutInput(const InputCheck& check, const std::string& inputPath, bool errorsOnly);

@@ -80,24 +80,25 @@ void DescribeRecording(const RecordedModel& model, const std::string& path) {
 
 }  // namespace
 
-ExitCode CheckRunningHost(const std::string& inputPath, LintsInput lintsInput) {
+ExitCode CheckRunningHost(const std::string& inputPath, const CheckOptions& options) {
     LiveHost host;
-    return ExitCodeOf(CheckOnHost([&host] { return host.Connect(); }, inputPath,
-                                  RequireAllDistinct(), lintsInput));
+    return CheckOnHost({[&host] { return host.Connect(); }, ""}, inputPath, options,
+                       RequireAllDistinct(OutputsOf(options)))
+        .code;
 }
 
 ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
-                           RecordingScope scope, LintsInput lintsInput) {
+                           RecordingScope scope, const CheckOptions& options) {
     const NamedFile input{"the input file", inputPath, NamedFile::Use::kRead};
     const NamedFile recording{"the recording", recordingPath, NamedFile::Use::kWritten};
     if (const auto why = WhyRecordingIsRefused(input, recording)) return Fail(kExitUsage, *why);
 
     LiveHost live;
-    const RunOutcome outcome = CheckOnHost([&live] { return live.Connect(); }, inputPath,
-                                           RequireAllDistinct({recording}), lintsInput);
-    if (outcome.filesCollide) return kExitUsage;
+    const CheckResult checked = CheckOnHost({[&live] { return live.Connect(); }, ""}, inputPath,
+                                            options, RequireAllDistinct({recording}));
+    if (checked.outcome.filesCollide) return kExitUsage;
     RememberingHost* const host = live.Remembered();
-    if (outcome.hostFailed)
+    if (checked.outcome.hostFailed)
         return Fail(kExitEndedEarly, recordingPath + ": not written: a host call failed");
     if (host == nullptr || !host->Memory().nodeList || !host->Memory().memberList)
         return Fail(kExitEndedEarly,
@@ -112,7 +113,7 @@ ExitCode RecordRunningHost(const std::string& inputPath, const std::string& reco
         return Fail(kExitEndedEarly,
                     recordingPath + ": not written: a host call failed: " + error.what());
     }
-    return ExitCodeOf(outcome);
+    return checked.code;
 }
 
 ExitCode LintRunningHost(const LintOptions& options) {

@@ -2,12 +2,12 @@
 
 #include <string>
 
+#include "cli/check_options.h"
 #include "cli/exit_codes.h"
-#include "cli/input_cautions.h"
 #include "cli/lint_command.h"
 
 /// `quarnel-cli check INPUT.csv`: a run on the running host.
-ExitCode CheckRunningHost(const std::string& inputPath, LintsInput lintsInput);
+ExitCode CheckRunningHost(const std::string& inputPath, const CheckOptions& options);
 
 /// How much `quarnel-cli record` asks the host.
 enum class RecordingScope {
@@ -19,7 +19,7 @@ enum class RecordingScope {
 /// as a host model file. A run in which a host call failed, or which ended before it had read the
 /// model, writes no file.
 ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
-                           RecordingScope scope, LintsInput lintsInput);
+                           RecordingScope scope, const CheckOptions& options);
 
 /// `quarnel-cli lint INPUT.csv --host`.
 ExitCode LintRunningHost(const LintOptions& options);

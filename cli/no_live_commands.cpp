@@ -3,7 +3,7 @@
 #include "cli/live_commands.h"
 #include "cli/messages.h"
 
-ExitCode CheckRunningHost(const std::string& inputPath, LintsInput /*lintsInput*/) {
+ExitCode CheckRunningHost(const std::string& inputPath, const CheckOptions& /*options*/) {
     TellError("check " + inputPath +
               ": the running host can be reached on Windows only; name a recorded building "
               "too: check MODEL.qhm INPUT.csv");
@@ -11,7 +11,7 @@ ExitCode CheckRunningHost(const std::string& inputPath, LintsInput /*lintsInput*
 }
 
 ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
-                           RecordingScope /*scope*/, LintsInput /*lintsInput*/) {
+                           RecordingScope /*scope*/, const CheckOptions& /*options*/) {
     TellError("record " + inputPath + " " + recordingPath +
               ": the running host can be reached on Windows only; record there");
     return kExitUsage;

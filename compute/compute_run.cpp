@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "host/recorded_host.h"
 #include "log/formatted_print.h"
 #include "platform/file_lookup.h"
 #include "platform/regular_file.h"
@@ -83,15 +84,17 @@ std::string WhyInitializeFailed(const AijCodeRoute2& engine) {
 // The guarded part of a run.
 void RunSteps(AijCodeRoute2& engine, const std::string& modelPath, const std::string& inputFilePath,
               StatusList& status, ReportPaths& reports, RunOutcome& outcome,
-              const FileGuard& guard) {
-    const RunFiles files = FilesOfRun(inputFilePath, modelPath);
-    if (const auto collision = guard(files)) {
+              const RunOptions& options) {
+    const RunFiles files = FilesOfRun(inputFilePath, modelPath, options.reportFolder);
+    if (const auto collision = options.guard(files)) {
         reports = {files.log, files.results};
         outcome.filesCollide = true;
         outcome.failure = *collision;
         status.Append(StatusText::kInitializeFailed);
         return;
     }
+    if (!options.reportFolder.empty())
+        engine.reportsNamedAfter = NameOfReportsIn(options.reportFolder, modelPath, inputFilePath);
     if (!engine.Initialize(modelPath, inputFilePath, reports.logFile, reports.resultFile)) {
         outcome.failure = WhyInitializeFailed(engine);
         status.Append(StatusText::kInitializeFailed);
@@ -112,17 +115,25 @@ void RunSteps(AijCodeRoute2& engine, const std::string& modelPath, const std::st
     outcome.complete = true;
 }
 
+void NoteFailure(const std::exception& error, RunOutcome& outcome) {
+    outcome.failure = error.what();
+    outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
+    if (const auto* missing = dynamic_cast<const MissingAnswerError*>(&error)) {
+        outcome.missingAnswer = missing->Asked();
+        outcome.recordedFor = missing->RecordedFor();
+    }
+}
+
 void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
                 const std::string& inputFilePath, StatusList& status, ReportPaths& reports,
-                RunOutcome& outcome, const FileGuard& guard) {
+                RunOutcome& outcome, const RunOptions& options) {
     try {
-        RunSteps(engine, modelPath, inputFilePath, status, reports, outcome, guard);
+        RunSteps(engine, modelPath, inputFilePath, status, reports, outcome, options);
     } catch (int number) {
         outcome.failure = "error number " + std::to_string(number);
         status.Append(StatusText::kWrongFilePath);
     } catch (const std::exception& error) {
-        outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
-        outcome.failure = error.what();
+        NoteFailure(error, outcome);
         status.Append(StatusText::kExceptionThrown);
     } catch (...) {
         outcome.failure = "an error without a description";
@@ -135,6 +146,7 @@ void CloseLog(const AijCodeRoute2& engine, RunOutcome& outcome) {
     outcome.opensLog = engine.logFile != nullptr;
     outcome.logIsHeld = engine.logOpening == ReportOpening::kHeld;
     outcome.resultsWritten = engine.resultFileWritten;
+    outcome.printedVerdicts = engine.printedVerdicts;
     outcome.resultsNotOpened = outcome.complete && engine.resultOpening != ReportOpening::kOpen;
     outcome.resultsAreHeld = engine.resultOpening == ReportOpening::kHeld;
     if (engine.resultFile != nullptr && !engine.resultFileWritten)
@@ -145,20 +157,25 @@ void CloseLog(const AijCodeRoute2& engine, RunOutcome& outcome) {
         outcome.incompleteReports.push_back(engine.logFilePath);
 }
 
-RunEnd EndOf(const RunOutcome& outcome) {
-    RunEnd end;
-    end.complete = outcome.complete;
-    end.failure = outcome.failure;
-    end.resultsWritten = outcome.resultsWritten;
-    end.incompleteReports = outcome.incompleteReports;
-    return end;
+Findings FindingsOf(const AijCodeRoute2& engine, const RunOutcome& outcome,
+                    const RunOptions& options) {
+    FindingsSources sources;
+    sources.end.complete = outcome.complete;
+    sources.end.failure = outcome.failure;
+    sources.end.resultsWritten = outcome.resultsWritten;
+    sources.end.incompleteReports = outcome.incompleteReports;
+    sources.end.missingAnswer = outcome.missingAnswer;
+    sources.end.recordedFor = outcome.recordedFor;
+    sources.inputRemarks = options.inputRemarks;
+    sources.groundLevel = options.groundLevel;
+    sources.unlistedAnswers = options.unlistedAnswers;
+    return FormFindings(engine, sources);
 }
 
 }  // namespace
 
 RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
-                      StatusList& status, ReportPaths& reports, WantsFindings wantsFindings,
-                      const FileGuard& guard) {
+                      StatusList& status, ReportPaths& reports, const RunOptions& options) {
     RunOutcome outcome;
     status.Clear();
     if (inputFilePath.empty()) {
@@ -179,15 +196,16 @@ RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& con
     }
 
     const std::string modelPath = host->GetModelFilePath();
+    outcome.modelPath = modelPath;
     // Stands for the log until Initialize names it.
     reports.logFile = ReportStem(modelPath) + "Route2.log";
     AijCodeRoute2 engine(host, WriteResultRows);
-    RunGuarded(engine, modelPath, inputFilePath, status, reports, outcome, guard);
+    RunGuarded(engine, modelPath, inputFilePath, status, reports, outcome, options);
 
     status.Append(StatusText::kFinishes);
     CloseLog(engine, outcome);
     status.Append(StatusText::kClosingLog);
-    if (wantsFindings == WantsFindings::kYes)
-        outcome.findings = FormFindings(engine, EndOf(outcome));
+    if (options.wantsFindings == WantsFindings::kYes)
+        outcome.findings = FindingsOf(engine, outcome, options);
     return outcome;
 }

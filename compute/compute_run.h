@@ -39,6 +39,12 @@ struct RunOutcome {
     bool logIsHeld = false;       ///< the log cannot be opened: another run is writing it
     std::string failure;  ///< why a run that is not complete ended, one sentence without a stop
 
+    // What a recording did not answer, which ended the run, and the input file it was made for.
+    std::string missingAnswer;
+    std::string recordedFor;
+
+    std::string modelPath;  ///< as the host answered; empty also when it was not asked
+
     /// A complete run could not open its results: what stands at ReportPaths::resultFile, if
     /// anything does, is not of this run.
     bool resultsNotOpened = false;
@@ -48,12 +54,30 @@ struct RunOutcome {
     /// or the connection to it broke. Neither the status list nor the log tells.
     std::vector<std::string> incompleteReports;
 
+    PrintedVerdicts printedVerdicts;  ///< in all rows of the results
+
     /// What the run has found, when it was asked for and there was an engine.
     std::optional<Findings> findings;
 };
 
 /// Whether a run forms its findings. They cost further questions to the host, after the results.
 enum class WantsFindings { kNo, kYes };
+
+/// What a run is to do beyond what its two reports say.
+struct RunOptions {
+    WantsFindings wantsFindings = WantsFindings::kNo;
+
+    /// Asked once the model's path is known. A run that it refuses ends as one whose log cannot be
+    /// opened.
+    FileGuard guard = RequireSourcesKept;
+
+    std::string reportFolder;  ///< where the reports go; empty: beside the model
+
+    // For the findings; see FindingsSources.
+    std::vector<Remark> inputRemarks;
+    std::optional<double> groundLevel;
+    std::function<std::size_t()> unlistedAnswers;
+};
 
 /// Gives the connected host, or null when it cannot be reached. The host stays with the giver
 /// and must live until the run has returned.
@@ -65,10 +89,5 @@ using HostConnector = std::function<HostQueries*()>;
 /// Everything that goes wrong inside the run's guarded block ends in the status list. What the
 /// connector, GetModelFilePath or GetBaseUnitSystem throw leaves this function: no log is open by
 /// then, and no closing lines are shown.
-///
-/// `guard` is asked once the model's path is known. A run that it refuses ends as one whose log
-/// cannot be opened.
 RunOutcome RunCompute(const std::string& inputFilePath, const HostConnector& connectHost,
-                      StatusList& status, ReportPaths& reports,
-                      WantsFindings wantsFindings = WantsFindings::kNo,
-                      const FileGuard& guard = RequireSourcesKept);
+                      StatusList& status, ReportPaths& reports, const RunOptions& options = {});

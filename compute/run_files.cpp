@@ -1,7 +1,9 @@
 #include "compute/run_files.h"
 
+#include <string_view>
 #include <utility>
 
+#include "platform/native_path.h"
 #include "route2/report_paths.h"
 
 namespace {
@@ -14,10 +16,29 @@ std::vector<NamedFile> Named(const RunFiles& files) {
             {"the results file", files.results, Use::kWritten}};
 }
 
+// The name of a file, without its folder and its extension.
+std::string BareName(const std::string& path) {
+    std::string name = path.substr(path.find_last_of(kPathSeparators) + 1);
+    const std::size_t dot = name.rfind('.');
+    if (dot != std::string::npos && dot > 0) name.resize(dot);
+    return name;
+}
+
 }  // namespace
 
-RunFiles FilesOfRun(const std::string& input, const std::string& model) {
-    return {input, model, LogPath(model), ResultPath(model)};
+RunFiles FilesOfRun(const std::string& input, const std::string& model,
+                    const std::string& reportFolder) {
+    const std::string named =
+        reportFolder.empty() ? model : NameOfReportsIn(reportFolder, model, input);
+    return {input, model, LogPath(named), ResultPath(named)};
+}
+
+std::string NameOfReportsIn(const std::string& folder, const std::string& model,
+                            const std::string& input) {
+    const std::string name = BareName(model) + "." + BareName(input) + ".qhm";
+    const bool endsWithSeparator =
+        std::string_view(kPathSeparators).find(folder.back()) != std::string_view::npos;
+    return folder + (endsWithSeparator ? "" : "/") + name;
 }
 
 std::optional<std::string> RequireSourcesKept(const RunFiles& files) {

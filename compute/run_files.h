@@ -15,8 +15,15 @@ struct RunFiles {
     std::string results;
 };
 
-/// The reports of a run stand beside the model.
-RunFiles FilesOfRun(const std::string& input, const std::string& model);
+/// The reports of a run stand beside the model; with `reportFolder`, in that folder.
+RunFiles FilesOfRun(const std::string& input, const std::string& model,
+                    const std::string& reportFolder = {});
+
+/// The path after which reports in another folder are named, in the model's place: they carry the
+/// input file's name too, so that variants of one model do not overwrite one another. Of tower.qhm
+/// and variant2.csv: FOLDER/tower.variant2.aijR2Log.txt and so on.
+std::string NameOfReportsIn(const std::string& folder, const std::string& model,
+                            const std::string& input);
 
 /// Looks at the files of a run before any of them is opened: why the run must not go on, one
 /// sentence without a stop, or no value.

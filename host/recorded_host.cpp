@@ -28,8 +28,9 @@ void CopyList(const std::optional<std::vector<std::int32_t>>& list, std::span<st
     std::copy_n(numbers.begin(), std::min(numbers.size(), to.size()), to.begin());
 }
 
+constexpr std::size_t kLongestName = 100;
+
 std::string TextOfPurpose(const RecordedFor& purpose) {
-    constexpr std::size_t kLongestName = 100;
     if (purpose.everything)
         return "although it was made with record --all, so the file has been changed; record again "
                "with record --all";
@@ -227,15 +228,19 @@ void RecordedHost::CountUnlisted(Quantity quantity, std::size_t position,
 
 void RecordedHost::FailUnlisted(Quantity quantity, std::size_t position,
                                 std::int32_t loadCase) const {
-    const std::string ending =
-        " under load case " + std::to_string(loadCase) + ", " + TextOfPurpose(*model_.recordedFor);
-    if (quantity == Quantity::kDisplacements)
-        Fail("GetNodeDisplacements", "the recording does not hold the displacements of node " +
-                                         std::to_string(model_.nodes[position].number) + ending);
-    Fail("GetMemberEndForces",
-         std::string("the recording does not hold the forces at the ") +
-             (quantity == Quantity::kForcesAtStart ? "start (0)" : "end (1)") + " of member " +
-             std::to_string(model_.members[position].number) + ending);
+    const bool isNode = quantity == Quantity::kDisplacements;
+    std::string asked =
+        isNode ? "the displacements of node " + std::to_string(model_.nodes[position].number)
+               : std::string("the forces at the ") +
+                     (quantity == Quantity::kForcesAtStart ? "start (0)" : "end (1)") +
+                     " of member " + std::to_string(model_.members[position].number);
+    asked += " under load case " + std::to_string(loadCase);
+    const RecordedFor& purpose = *model_.recordedFor;
+    throw MissingAnswerError(
+        kFailed,
+        std::string(isNode ? "GetNodeDisplacements" : "GetMemberEndForces") +
+            ": the recording does not hold " + asked + ", " + TextOfPurpose(purpose),
+        asked, purpose.everything ? std::string() : OneLine(purpose.inputName, kLongestName));
 }
 
 bool RecordedHost::AreResultsAvailable() {

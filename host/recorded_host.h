@@ -5,12 +5,33 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/host_queries.h"
 #include "host/member_axes.h"
 #include "host/number_positions.h"
 #include "host/recorded_model.h"
+
+/// A question that a recording does not answer, although it was made by a run: a failed host call.
+class MissingAnswerError : public HostCallError {
+public:
+    MissingAnswerError(std::int32_t status, const std::string& text, std::string asked,
+                       std::string recordedFor)
+        : HostCallError(status, text),
+          asked_(std::move(asked)),
+          recordedFor_(std::move(recordedFor)) {}
+
+    /// What was asked: "the displacements of node 12 under load case 3".
+    const std::string& Asked() const noexcept { return asked_; }
+
+    /// Name of the input file that the recording was made for; empty when it is for every one.
+    const std::string& RecordedFor() const noexcept { return recordedFor_; }
+
+private:
+    std::string asked_;
+    std::string recordedFor_;
+};
 
 /// Answers all queries from a recorded model.
 ///

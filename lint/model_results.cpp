@@ -295,9 +295,9 @@ void CheckResultsOfModel(ModelView& view, const std::string& modelName,
         return;
     }
     if (!RunChecks(engine)) return;
-    RunEnd end;
-    end.complete = true;
-    const Findings figures = FormFindings(engine, end);
+    FindingsSources sources;
+    sources.end.complete = true;
+    const Findings figures = FormFindings(engine, sources);
     for (const std::size_t axis : {kX, kZ}) {
         if (!HasCase(engine, engine.earthquakeLoadCaseNumber[axis])) continue;
         CheckAcross(view, figures, axis, findings);

@@ -3,6 +3,13 @@
 #include <filesystem>
 #include <string>
 
+/// What stands between the folders of a path on this system.
+#ifdef _WIN32
+inline constexpr const char* kPathSeparators = "/\\:";
+#else
+inline constexpr const char* kPathSeparators = "/";
+#endif
+
 /// A narrow path as the C library's fopen understands it, for std::filesystem. On Windows the two
 /// differ: the standard library of some compilers drops what is not ASCII.
 std::filesystem::path NativePath(const std::string& narrow);

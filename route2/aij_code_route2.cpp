@@ -19,10 +19,11 @@ AijCodeRoute2::AijCodeRoute2(HostQueries* host, ResultRowsWriter resultRowsWrite
 
 bool AijCodeRoute2::Initialize(std::string modelPath, std::string dataPath, std::string& logPathOut,
                                std::string& resultPathOut) {
-    logFilePath = LogPath(modelPath);
+    const std::string& named = reportsNamedAfter.empty() ? modelPath : reportsNamedAfter;
+    logFilePath = LogPath(named);
     logPathOut = logFilePath;
     dataFilePath = std::move(dataPath);
-    resultFilePath = ResultPath(modelPath);
+    resultFilePath = ResultPath(named);
     resultPathOut = resultFilePath;
 
     const OpenedReport log = OpenReport(logFilePath);

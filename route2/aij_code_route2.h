@@ -131,6 +131,10 @@ public:
 
     double MillimetresPerHostLength() const;
 
+    // Written by the run before Initialize: the path that the reports are named after instead of
+    // the model's; empty: the model's.
+    std::string reportsNamedAfter;
+
     // Written by Initialize; logFile is closed by the run.
     std::FILE* logFile = nullptr;
     ReportOpening logOpening = ReportOpening::kNotTried;

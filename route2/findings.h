@@ -195,7 +195,8 @@ struct RunEnd {
 
     std::string missingAnswer;  ///< what the recording does not answer, where that ended the run
     std::string recordedFor;    ///< the input file that the recording was made for
-    int unlistedZeros = 0;      ///< answers of 0 to what a file that is no recording does not list
+    std::size_t unlistedZeros =
+        0;  ///< answers of 0 to what a file that is no recording does not list
 };
 
 struct OverallVerdict {

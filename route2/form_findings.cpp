@@ -121,21 +121,27 @@ std::optional<ToolVerdict> OverallByTool(const Findings& findings) {
 
 }  // namespace
 
-Findings FormFindings(const AijCodeRoute2& engine, const RunEnd& end) {
+Findings FormFindings(const AijCodeRoute2& engine, const FindingsSources& sources) {
     Findings findings;
-    findings.end = end;
+    findings.end = sources.end;
+    findings.groundLevel = sources.groundLevel;
     FormModel(engine, findings);
     findings.loadCases = FormLoadCases(engine);
     findings.floorLevelsFromInput = engine.floorLevelsFromFile;
     findings.storyMembersFromInput = engine.storyMembersFromFile;
     findings.floorLevels = engine.floorLevels;
     findings.warnings = engine.warnings;
-    ExtraQuestions questions(*engine.hostLink, end.complete);
-    findings.stories = FormStories(engine, end.complete, questions);
+    const bool isComplete = sources.end.complete;
+    ExtraQuestions questions(*engine.hostLink, isComplete);
+    findings.stories = FormStories(engine, isComplete, questions);
     findings.failedExtraQuestions = questions.Failures();
     findings.firstFailedQuestion = questions.FirstFailure();
     findings.extent = FormBuildingExtent(findings);
+    if (sources.unlistedAnswers) findings.end.unlistedZeros = sources.unlistedAnswers();
     findings.remarks = FormRemarks(findings);
+    findings.remarks.insert(findings.remarks.end(), sources.inputRemarks.begin(),
+                            sources.inputRemarks.end());
+    SortRemarks(findings.remarks);
     findings.verdict = {OverallByCode(findings), OverallByTool(findings)};
     return findings;
 }

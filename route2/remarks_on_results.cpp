@@ -13,30 +13,6 @@ constexpr double kBesidePlan = 1.0;        // mm
 constexpr double kRigidFloorShare = 0.05;  // of the mean drift
 constexpr double kNoMotion = 0.01;         // mm
 
-BothLanguages ReasonFor(WhyUndetermined why) {
-    switch (why) {
-        case WhyUndetermined::kRunEndedEarly:
-            return {"the run ended before", "計算が途中で終わった"};
-        case WhyUndetermined::kNoStoryMembers:
-            return {"no story members", "対象部材がない"};
-        case WhyUndetermined::kCaseNotInModel:
-            return {"the load case is not in the model", "荷重ケースがモデルにない"};
-        case WhyUndetermined::kEqualCases:
-            return {"both directions have the same case", "両方向が同じ荷重ケース"};
-        case WhyUndetermined::kNoDrift:
-            return {"the mean drift is 0", "平均変位が 0"};
-        case WhyUndetermined::kNoWeight:
-            return {"no weight", "重量がない"};
-        case WhyUndetermined::kNoStiffness:
-            return {"no stiffness in one direction", "一方向の水平剛性がない"};
-        case WhyUndetermined::kNoTorsionalStiffness:
-            return {"no torsional stiffness", "ねじり剛性が 0 以下"};
-        case WhyUndetermined::kNotFinite:
-            return {"not a number", "数値にならない"};
-    }
-    return {};
-}
-
 // One check that has no verdict in a story and direction.
 struct Undetermined {
     BothLanguages check;
@@ -56,7 +32,7 @@ void OnUndetermined(const Findings& findings, std::vector<Remark>& remarks) {
                 if (!why) continue;
                 cause.Add(story.number, DirectionName(findings, story.number, axis) +
                                             BothLanguages{" ", " "} + check +
-                                            BothLanguages{" (", "("} + ReasonFor(*why) + ")");
+                                            BothLanguages{" (", "("} + ReasonOf(*why) + ")");
             }
         }
     cause.AppendTo(remarks);

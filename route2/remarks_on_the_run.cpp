@@ -40,8 +40,9 @@ void OnMissingAnswers(const Findings& findings, std::vector<Remark>& remarks) {
     }
     const struct {
         std::string_view key;
-        int count;
-    } counted[] = {{"R25W", end.unlistedZeros}, {"R25X", findings.failedExtraQuestions}};
+        std::size_t count;
+    } counted[] = {{"R25W", end.unlistedZeros},
+                   {"R25X", static_cast<std::size_t>(findings.failedExtraQuestions)}};
     for (const auto& [key, count] : counted) {
         if (count == 0) continue;
         RemarkCause cause(key, RemarkKind::kWarning);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "route2/remark_texts.h"
+
 /// Why the code's verdict on a value is not determined.
 enum class WhyUndetermined {
     kRunEndedEarly,  ///< before the value was formed
@@ -12,3 +14,6 @@ enum class WhyUndetermined {
     kNoTorsionalStiffness,  ///< or a negative one
     kNotFinite,             ///< infinite, or not a number
 };
+
+/// The reason in a few words, without a stop.
+BothLanguages ReasonOf(WhyUndetermined why);

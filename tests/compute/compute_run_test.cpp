@@ -516,16 +516,30 @@ TEST_F(ComputeRun, ReportsThatWouldDestroyTheInputEndTheRunAtItsStart) {
 
 TEST_F(ComputeRun, AsksTheGuardOnceTheModelIsKnownAndOpensNothingWhenItRefuses) {
     RunFiles asked;
-    const RunOutcome outcome = RunCompute(
-        inputPath, [this] { return &host; }, status, reports, WantsFindings::kNo,
-        [&](const RunFiles& files) {
-            asked = files;
-            return std::optional<std::string>("no");
-        });
+    RunOptions options;
+    options.guard = [&](const RunFiles& files) {
+        asked = files;
+        return std::optional<std::string>("no");
+    };
+    const RunOutcome outcome =
+        RunCompute(inputPath, [this] { return &host; }, status, reports, options);
     EXPECT_EQ(inputPath, asked.input);
     EXPECT_EQ(host.modelPath, asked.model);
     EXPECT_EQ(folder.Path("tower.aijR2Log.txt"), asked.log);
     EXPECT_EQ(folder.Path("tower.aijR2Result.csv"), asked.results);
     EXPECT_EQ("no", outcome.failure);
     EXPECT_FALSE(folder.Has("tower.aijR2Log.txt"));
+}
+
+TEST_F(ComputeRun, PutsTheReportsIntoAnotherFolderUnderTheNamesOfModelAndInput) {
+    RunOptions options;
+    options.reportFolder = folder.Path("variants");
+    std::filesystem::create_directory(options.reportFolder);
+    RunCompute(inputPath, [this] { return &host; }, status, reports, options);
+    EXPECT_EQ(folder.Path("variants/tower.input.aijR2Log.txt"), reports.logFile);
+    EXPECT_TRUE(folder.Has("variants/tower.input.aijR2Result.csv"));
+    EXPECT_FALSE(folder.Has("tower.aijR2Log.txt"));
+    // The log names the model, not the file that the reports are called after.
+    EXPECT_THAT(folder.Read("variants/tower.input.aijR2Log.txt"),
+                HasSubstr("  File : " + host.modelPath + "\n"));
 }

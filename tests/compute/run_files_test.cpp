@@ -112,3 +112,12 @@ TEST_F(FilesOfARun, AreNotChangedByTheLook) {
     EXPECT_EQ("earlier", folder.Read("tower.aijR2Log.txt"));
     EXPECT_FALSE(folder.Has("tower.aijR2Result.csv"));
 }
+
+TEST(NamesOfReports, InAnotherFolderHoldModelAndInputWithoutTheirExtensions) {
+    EXPECT_EQ("out/tower.variant2.qhm", NameOfReportsIn("out", "/a/tower.qhm", "b/variant2.csv"));
+    EXPECT_EQ("out/t.2.v.qhm", NameOfReportsIn("out/", "t.2.ext", "v"));
+}
+
+TEST(NamesOfReports, KeepAHiddenFilesName) {
+    EXPECT_EQ("out/.tower.i.qhm", NameOfReportsIn("out", ".tower", "i.csv"));
+}

@@ -139,7 +139,7 @@ TEST(FindingsAndResults, SayTheSameInEveryRow) {
         ReportPaths reports;
         const RunOutcome outcome = RunCompute(
             folder.Write("input.csv", InputFileOf(building)), [&host] { return &host; }, status,
-            reports, WantsFindings::kYes);
+            reports, {.wantsFindings = WantsFindings::kYes});
         ASSERT_TRUE(outcome.complete && outcome.findings);
         const ResultRows rows(folder.Read("model.aijR2Result.csv"));
         for (const StoryFindings& story : outcome.findings->stories)

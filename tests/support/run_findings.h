@@ -15,6 +15,6 @@ inline Findings FindingsOf(FakeHost& host, const std::string& input) {
     ReportPaths reports;
     return RunCompute(
                folder.Write("input.csv", input), [&host] { return &host; }, status, reports,
-               WantsFindings::kYes)
+               {.wantsFindings = WantsFindings::kYes})
         .findings.value();
 }
