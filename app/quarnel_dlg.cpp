@@ -1,7 +1,5 @@
 #include "app/quarnel_dlg.h"
 
-#include <objbase.h>
-
 #include "app/about_dlg.h"
 #include "desktop/empty_file.h"
 #include "desktop/input_file_dialog.h"
@@ -10,8 +8,6 @@
 #include "desktop/resource.h"
 #include "desktop/resource_text.h"
 #include "desktop/shell_open.h"
-#include "host/host_link.h"
-#include "host/remembering_host.h"
 #include "platform/file_lookup.h"
 #include "platform/narrow_text.h"
 
@@ -122,26 +118,9 @@ bool CQuarnelDlg::MayReplace(const std::wstring& path) {
 
 void CQuarnelDlg::OnBnClickedCompute() {
     const RaisedFlag computing(computing_);
-    std::optional<RememberingHost> host;
-    const auto connect = [this, &host]() -> HostQueries* {
-        HostQueries* const running = ConnectHost();
-        return running != nullptr ? &host.emplace(*running) : nullptr;
-    };
-    RunCompute(inputFilePath_, connect, statusList_, reports_);
-}
-
-// The link to the running host, or null. A link that was made is kept and never released, here or
-// by the next run, which only replaces the pointer: the host's objects stay referenced until the
-// program ends.
-HostQueries* CQuarnelDlg::ConnectHost() {
-    hostLink_ = new HostLink;
-    // Every run asks again; only the first one changes anything. The thread's COM stays.
-    static_cast<void>(CoInitialize(nullptr));
-    if (hostLink_->Connect() != 0) return hostLink_;
-    hostLink_->Release();
-    delete hostLink_;
-    hostLink_ = nullptr;
-    return nullptr;
+    RunCompute(
+        inputFilePath_, [this] { return host_.Connect(); }, statusList_, reports_);
+    host_.ForgetAnswers();
 }
 
 void CQuarnelDlg::OnViewLog() {

@@ -8,8 +8,7 @@
 #include "compute/compute_run.h"
 #include "desktop/modal_dialog.h"
 #include "desktop/status_list_box.h"
-
-class HostLink;
+#include "host/live_host.h"
 
 /// The main dialog: the File menu, the current input, the status list, Compute and Done.
 class CQuarnelDlg : public ModalDialog {
@@ -34,14 +33,13 @@ private:
 
     void AddAboutToSystemMenu();
     void ShowCurrentInput();
-    HostQueries* ConnectHost();
     bool MayReplace(const std::wstring& path);
 
     StatusListBox statusList_;
     std::wstring currentInput_;  ///< what the "Current Input:" line shows
     HICON icon_;                 ///< shared, not to be destroyed
     std::string inputFilePath_;
-    ReportPaths reports_;           ///< of the last run that reached the host
-    HostLink* hostLink_ = nullptr;  ///< of the last run that reached the host; never released
+    ReportPaths reports_;  ///< of the last run that reached the host
+    LiveHost host_;
     bool computing_ = false;
 };

@@ -71,12 +71,12 @@ struct RunOptions {
     /// opened.
     FileGuard guard = RequireSourcesKept;
 
-    std::string reportFolder;  ///< where the reports go; empty: beside the model
+    std::string reportFolder{};  ///< where the reports go; empty: beside the model
 
     // For the findings; see FindingsSources.
-    std::vector<Remark> inputRemarks;
-    std::optional<double> groundLevel;
-    std::function<std::size_t()> unlistedAnswers;
+    std::vector<Remark> inputRemarks{};
+    std::optional<double> groundLevel{};
+    std::function<std::size_t()> unlistedAnswers{};
 };
 
 /// Gives the connected host, or null when it cannot be reached. The host stays with the giver

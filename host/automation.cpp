@@ -48,7 +48,7 @@ std::string StatusText(HRESULT status) {
 }
 
 // "GetNodeDisplacements(12, 3)": the numbers that went in say which of many calls it was.
-std::string CallText(const HostMember& member, std::initializer_list<VARIANT> arguments) {
+std::string CallText(const HostOperation& member, std::initializer_list<VARIANT> arguments) {
     std::string numbers;
     for (const VARIANT& argument : arguments) {
         if (V_VT(&argument) != VT_I4) continue;
@@ -222,19 +222,19 @@ void AutomationDriver::Attach(IDispatch* dispatch) noexcept {
     *dispatch_.ReleaseAndGetAddressOf() = dispatch;
 }
 
-HostResult AutomationDriver::Call(const HostMember& method,
+HostResult AutomationDriver::Call(const HostOperation& method,
                                   std::initializer_list<VARIANT> arguments) const {
     HostResult result;
     Invoke(method, DISPATCH_METHOD, arguments, result.Receive());
     return result;
 }
 
-void AutomationDriver::Run(const HostMember& method,
+void AutomationDriver::Run(const HostOperation& method,
                            std::initializer_list<VARIANT> arguments) const {
     Invoke(method, DISPATCH_METHOD, arguments, nullptr);
 }
 
-IDispatch* AutomationDriver::ReadObject(const HostMember& property) const {
+IDispatch* AutomationDriver::ReadObject(const HostOperation& property) const {
     HostResult value;
     Invoke(property, DISPATCH_PROPERTYGET, {}, value.Receive());
     VARIANT& object = *value.Receive();
@@ -250,7 +250,7 @@ IDispatch* AutomationDriver::ReadObject(const HostMember& property) const {
     return std::exchange(V_DISPATCH(&object), nullptr);
 }
 
-void AutomationDriver::Invoke(const HostMember& member, WORD kind,
+void AutomationDriver::Invoke(const HostOperation& member, WORD kind,
                               std::initializer_list<VARIANT> arguments, VARIANT* result) const {
     const auto what = [&] { return CallText(member, arguments) + ": "; };
     if (dispatch_ == nullptr) throw AutomationError(E_POINTER, what() + "no host object to ask");

@@ -13,7 +13,7 @@
 
 /// A method or property of an automation object. The host knows the identifier alone; the name is
 /// for error texts.
-struct HostMember {
+struct HostOperation {
     const char* name;
     DISPID id;
 };
@@ -151,17 +151,18 @@ public:
 
     /// Calls a method and asks for its result; `arguments` stand in the order of the host's
     /// declaration.
-    HostResult Call(const HostMember& method, std::initializer_list<VARIANT> arguments = {}) const;
+    HostResult Call(const HostOperation& method,
+                    std::initializer_list<VARIANT> arguments = {}) const;
 
     /// Calls a method without asking for a result.
-    void Run(const HostMember& method, std::initializer_list<VARIANT> arguments) const;
+    void Run(const HostOperation& method, std::initializer_list<VARIANT> arguments) const;
 
     /// Reads a property that is an automation object. The caller owns the reference; null when
     /// the host has no such object at present.
-    IDispatch* ReadObject(const HostMember& property) const;
+    IDispatch* ReadObject(const HostOperation& property) const;
 
 private:
-    void Invoke(const HostMember& member, WORD kind, std::initializer_list<VARIANT> arguments,
+    void Invoke(const HostOperation& member, WORD kind, std::initializer_list<VARIANT> arguments,
                 VARIANT* result) const;
 
     Microsoft::WRL::ComPtr<IDispatch> dispatch_;

@@ -1,11 +1,11 @@
 #include "host/host_link.h"
 
-#include "host/host_members.h"
+#include "host/host_operations.h"
 
 namespace {
 
 // One call that fills one array of numbers and asks for no result.
-void GetNumbers(const AutomationDriver& driver, const HostMember& method,
+void GetNumbers(const AutomationDriver& driver, const HostOperation& method,
                 std::span<std::int32_t> numbers) {
     HostArray array(VT_I4, numbers.size());
     driver.Run(method, {array.ByReference()});
@@ -131,7 +131,8 @@ std::int16_t HostLink::GetLoadCombinationNumbers(std::span<std::int32_t> numbers
     return GetLoadNumbers(kGetLoadCombinationNumbers, numbers);
 }
 
-std::int16_t HostLink::GetLoadNumbers(const HostMember& method, std::span<std::int32_t> numbers) {
+std::int16_t HostLink::GetLoadNumbers(const HostOperation& method,
+                                      std::span<std::int32_t> numbers) {
     HostArray array(VT_I4, numbers.size());
     array.CopyIn(numbers);
     const HostResult result = drivers_[kLoad].Call(method, {array.ByReference()});

@@ -55,7 +55,7 @@ public:
 
 private:
     void BindSubObjects();
-    std::int16_t GetLoadNumbers(const HostMember& method, std::span<std::int32_t> numbers);
+    std::int16_t GetLoadNumbers(const HostOperation& method, std::span<std::int32_t> numbers);
 
     // The root, then the ten sub-objects; an array is destroyed from its end, so the tenth
     // sub-object goes first and the root last.

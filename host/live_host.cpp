@@ -2,15 +2,23 @@
 
 #include <objbase.h>
 
+LiveHost::~LiveHost() {
+    // Left to the end of the process: a host that does not answer must not hold it up.
+    for (std::unique_ptr<HostLink>& link : links_)
+        static_cast<void>(link.release());
+}
+
 HostQueries* LiveHost::Connect() {
-    memory_.reset();
-    link_ = std::make_unique<HostLink>();
-    CoInitialize(nullptr);
-    if (link_->Connect() == 1) {
-        memory_ = std::make_unique<RememberingHost>(*link_);
-        return memory_.get();
+    ForgetAnswers();
+    links_.push_back(std::make_unique<HostLink>());
+    HostLink& link = *links_.back();
+    // Every run asks again; only the first one changes anything. The thread's COM stays.
+    static_cast<void>(CoInitialize(nullptr));
+    if (link.Connect() == 0) {
+        link.Release();
+        links_.pop_back();
+        return nullptr;
     }
-    link_->Release();
-    link_.reset();
-    return nullptr;
+    memory_ = std::make_unique<RememberingHost>(link);
+    return memory_.get();
 }

@@ -91,12 +91,12 @@ void ServedCall::AnswerSingle(float value) const {
     V_R4(result_) = value;
 }
 
-void AutomationObject::AddMethod(const HostMember& method, std::vector<VARTYPE> arguments,
+void AutomationObject::AddMethod(const HostOperation& method, std::vector<VARTYPE> arguments,
                                  Answer answer) {
     methods_[method.id] = {method.name, std::move(arguments), std::move(answer)};
 }
 
-void AutomationObject::AddProperty(const HostMember& property,
+void AutomationObject::AddProperty(const HostOperation& property,
                                    Microsoft::WRL::ComPtr<IDispatch> object) {
     properties_[property.id] = {property.name, std::move(object)};
 }

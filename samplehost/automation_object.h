@@ -64,8 +64,8 @@ public:
     explicit AutomationObject(std::shared_ptr<CallMeter> meter) : meter_(std::move(meter)) {}
 
     /// `arguments` are the types in the order of declaration.
-    void AddMethod(const HostMember& method, std::vector<VARTYPE> arguments, Answer answer);
-    void AddProperty(const HostMember& property, Microsoft::WRL::ComPtr<IDispatch> object);
+    void AddMethod(const HostOperation& method, std::vector<VARTYPE> arguments, Answer answer);
+    void AddProperty(const HostOperation& property, Microsoft::WRL::ComPtr<IDispatch> object);
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override;

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "host/host_members.h"
+#include "host/host_operations.h"
 
 namespace {
 

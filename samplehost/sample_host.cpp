@@ -3,7 +3,7 @@
 #include <array>
 #include <vector>
 
-#include "host/host_members.h"
+#include "host/host_operations.h"
 #include "host/recorded_host.h"
 #include "samplehost/automation_object.h"
 

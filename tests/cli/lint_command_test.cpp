@@ -7,9 +7,9 @@
 #include <fstream>
 #include <set>
 
+#include "compute/compute_run.h"
 #include "host/qhm_file.h"
 #include "host/remembering_host.h"
-#include "compute/compute_run.h"
 #include "tests/support/run_program.h"
 #include "tests/support/small_building.h"
 #include "tests/support/status_lines.h"
@@ -132,7 +132,8 @@ TEST_F(LintCommand, SaysOfAModelThatCannotBeReadWhichFileComesFirst) {
 }
 
 TEST_F(LintCommand, WritesASuggestionBesideTheInput) {
-    const ProgramRun run = LintText(std::string(kCases) + "FloorLevel,0,3500\nFIN\n", {"--suggest"});
+    const ProgramRun run =
+        LintText(std::string(kCases) + "FloorLevel,0,3500\nFIN\n", {"--suggest"});
     EXPECT_EQ(1, run.exitCode);
     EXPECT_THAT(folder.Read("tower.suggested.csv"), HasSubstr("\nFloorLevel,0,3500,\n"));
     EXPECT_EQ(0, Lint({folder.Path("tower.suggested.csv"), "--strict"}).exitCode);

@@ -104,10 +104,11 @@ std::string Noise(std::size_t size) {
 
 }  // namespace
 
-TEST_F(QuarnelCli, PrintsTheStatusLinesFirstThenTheSummary) {
+TEST_F(QuarnelCli, PrintsTheStatusLinesFirstThenWhatItFound) {
     const ProgramRun run = Check();
     EXPECT_EQ(0, run.exitCode);
-    EXPECT_THAT(run.out, StartsWith(std::string(kComplete) + "\nStory deformation angle ("));
+    EXPECT_THAT(run.out, StartsWith(std::string(kComplete) + "\nStories: 1; levels 0, 3500 mm"));
+    EXPECT_THAT(run.out, HasSubstr("\nStory deformation angle ("));
     EXPECT_THAT(run.out, HasSubstr("\nStory stiffness ratio ("));
     EXPECT_THAT(run.out, HasSubstr("\nEccentricity modulus ("));
     EXPECT_EQ("", run.err);
@@ -122,11 +123,116 @@ TEST_F(QuarnelCli, SaysWhereTheReportsAreAndPutsThemBesideTheModel) {
     EXPECT_THAT(folder.Read("tower.aijR2Log.txt"), HasSubstr("\n  File : " + model + "\n"));
 }
 
-// 7 / 3500 in X and 3.5 / 3500 in Z.
+// 7 / 3500 in X and 3.5 / 3500 in Z, of every column: the first one is the worst.
 TEST_F(QuarnelCli, ShowsTheVerdictsOfTheStoriesWithoutColour) {
     const ProgramRun run = Check();
-    EXPECT_THAT(run.out, testing::ContainsRegex("\n1 +0.002 +0.005 +PASS +0.001 +0.005 +PASS"));
+    EXPECT_THAT(run.out, testing::ContainsRegex("  X, load case 2\n.*\n    1 +1/500 +1/200 +PASS "
+                                                "+1/500 +1 +1/200 +OK\n"));
+    EXPECT_THAT(run.out, testing::ContainsRegex("  Z, load case 3\n.*\n    1 +1/1000 +1/200 "
+                                                "+PASS +1/1000 +1 +1/200 +OK\n"));
     EXPECT_THAT(run.out, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(QuarnelCli, EndsWithThreeWhereTheChosenVerdictIsNotFulfilled) {
+    // 25 mm over 3500 mm is 1/140: more than 1/200, and less than the allowable 0.01.
+    FakeHost host;
+    AddSmallBuilding(host);
+    for (const std::int32_t node : {11, 12, 13, 14})
+        host.Displace(2, node, 0.025, 0, 0);
+    model = RecordRun(host);
+    input = folder.Write("input.csv",
+                         "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n"
+                         "AllowStoryDeformAngle,\n1,0.01,\nFIN\n");
+    EXPECT_EQ(0, Check().exitCode);
+    EXPECT_EQ(3, Cli({"check", model, input, "--fail-on", "code"}).exitCode);
+    EXPECT_EQ(0, Cli({"check", model, input, "--fail-on", "tool"}).exitCode);
+    EXPECT_EQ(2, Cli({"check", model, input, "--fail-on", "taste"}).exitCode);
+}
+
+TEST_F(QuarnelCli, ARunThatEndsEarlyStaysOneWhateverItShouldFailOn) {
+    EXPECT_EQ(1, Cli({"check", model, folder.Path("none.csv"), "--fail-on", "code"}).exitCode);
+}
+
+TEST_F(QuarnelCli, QuietLeavesTheVerdict) {
+    const ProgramRun run = Cli({"check", "--quiet", model, input});
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_EQ("Verdict: OK by the code, PASS by the tool\n", run.out);
+}
+
+TEST_F(QuarnelCli, QuietAndVerboseExcludeEachOther) {
+    EXPECT_EQ(2, Cli({"check", "--quiet", "--verbose", model, input}).exitCode);
+}
+
+// Six verdicts of the tables; the results file has more rows: all load cases, largest and members.
+TEST_F(QuarnelCli, CountsTheRowsOfTheResultsOnlyWhenVerbose) {
+    const std::string all = "\nVerdicts in the results file, all load cases";
+    EXPECT_THAT(Check().out, Not(HasSubstr(all)));
+    const ProgramRun verbose = Cli({"check", "--verbose", model, input});
+    EXPECT_THAT(verbose.out, HasSubstr(all));
+    EXPECT_THAT(verbose.out, HasSubstr("\nEarthquake rows: 6 verdicts, 6 PASS, 0 FAIL; by the "
+                                       "code: 6 OK, 0 NG, 0 undetermined\n"));
+    EXPECT_THAT(verbose.out, HasSubstr("\n  note R27: "));
+}
+
+TEST_F(QuarnelCli, PutsTheReportsIntoAnotherFolder) {
+    const ProgramRun run = Cli({"check", "--reports", folder.Path("out"), model, input});
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_TRUE(folder.Has("out/tower.input.aijR2Log.txt"));
+    EXPECT_TRUE(folder.Has("out/tower.input.aijR2Result.csv"));
+    EXPECT_FALSE(folder.Has("tower.aijR2Log.txt"));
+    EXPECT_THAT(run.out, HasSubstr(folder.Path("out") + "/tower.input.aijR2Result.csv\n"));
+}
+
+TEST_F(QuarnelCli, AFileInPlaceOfTheReportsFolderEndsWithTwo) {
+    const ProgramRun run = Cli({"check", "--reports", input, model, input});
+    EXPECT_EQ(2, run.exitCode);
+    EXPECT_THAT(run.err, IsOneLine());
+}
+
+TEST_F(QuarnelCli, WritesFiguresAndTables) {
+    const ProgramRun run =
+        Cli({"check", model, input, "--json", folder.Path("f.json"), "--table",
+             folder.Path("t.csv"), "--table-members", folder.Path("m.csv"), "--date", "today"});
+    EXPECT_EQ(0, run.exitCode);
+    EXPECT_THAT(folder.Read("f.json"), HasSubstr("\"made\": \"today\""));
+    EXPECT_THAT(folder.Read("f.json"), HasSubstr("\"tool\": \"" QUARNEL_VERSION_TEXT "\""));
+    EXPECT_THAT(folder.Read("t.csv"), StartsWith("\xEF\xBB\xBF"
+                                                 "階 Story,"));
+    EXPECT_THAT(folder.Read("m.csv"), StartsWith("\xEF\xBB\xBF"
+                                                 "階 Story,"));
+    EXPECT_THAT(run.out, HasSubstr("\nFigures: " + folder.Path("f.json") + "\n"));
+}
+
+TEST_F(QuarnelCli, WritesTheFiguresOfARunThatEndedEarlyToo) {
+    FakeHost host;
+    AddSmallBuilding(host);
+    host.resultsAvailable = false;
+    model = RecordRun(host);
+    EXPECT_EQ(1, Cli({"check", model, input, "--json", folder.Path("f.json")}).exitCode);
+    EXPECT_THAT(folder.Read("f.json"), HasSubstr("\"complete\": false"));
+}
+
+TEST_F(QuarnelCli, AFileOfFiguresThatCannotBeWrittenEndsWithOneAndTheRunStands) {
+    const ProgramRun run = Cli({"check", model, input, "--json", folder.Path("none/f.json")});
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_THAT(run.err, IsOneLine());
+    EXPECT_THAT(run.out, StartsWith(kComplete));
+    EXPECT_TRUE(folder.Has("tower.aijR2Result.csv"));
+}
+
+TEST_F(QuarnelCli, RefusesToWriteFiguresOverAnythingOfTheRun) {
+    for (const std::string& path :
+         {model, input, folder.Path("tower.aijR2Log.txt"), folder.Path("tower.aijR2Result.csv")})
+        for (const char* option : {"--json", "--table", "--table-members"}) {
+            const ProgramRun run = Cli({"check", model, input, option, path});
+            EXPECT_EQ(2, run.exitCode) << option << " " << path;
+            EXPECT_THAT(run.err, IsOneLine());
+        }
+    EXPECT_EQ(2,
+              Cli({"check", model, input, "--json", folder.Path("f"), "--table", folder.Path("f")})
+                  .exitCode);
+    EXPECT_EQ(kSmallBuildingInput, folder.Read("input.csv"));
+    EXPECT_FALSE(folder.Has("tower.aijR2Log.txt"));
 }
 
 TEST_F(QuarnelCli, ASecondRunPrintsAndWritesTheSame) {

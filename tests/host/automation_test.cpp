@@ -16,7 +16,7 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr HostMember kMethod{"GetSomething", 77};
+constexpr HostOperation kMethod{"GetSomething", 77};
 
 class AutomationDriverTest : public testing::Test {
 protected:

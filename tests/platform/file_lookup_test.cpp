@@ -42,3 +42,11 @@ TEST(FileExists, FindsNamesWithBlanks) {
     const TestFolder folder;
     EXPECT_TRUE(FileExists(folder.Write("the input file.csv", "FIN\n")));
 }
+
+// Windows' own search takes the two for patterns.
+TEST(FileExists, TakesNoPatterns) {
+    const TestFolder folder;
+    folder.Write("input.csv", "FIN\n");
+    EXPECT_FALSE(FileExists(folder.Path("*.csv")));
+    EXPECT_FALSE(FileExists(folder.Path("inpu?.csv")));
+}

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/host_members.h"
+#include "host/host_operations.h"
 #include "samplehost/running_host.h"
 #include "tests/real_windows/desktop_fixture.h"
 #include "tests/real_windows/sample_host_process.h"

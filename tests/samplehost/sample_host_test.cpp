@@ -6,7 +6,7 @@
 #include <array>
 
 #include "host/host_link.h"
-#include "host/host_members.h"
+#include "host/host_operations.h"
 #include "tests/support/com_apartment.h"
 #include "tests/support/com_memory.h"
 
