@@ -18,7 +18,7 @@ class Case:
     text: str
     model: HostModel
     input_text: str
-    # (quantity, key of story_values, story index, expected value)
+    # (quantity, key of a figure, story index, expected value)
     expected: list = field(default_factory=list)
 
 
@@ -93,10 +93,10 @@ def digits(value):
 
 
 def expect_centers(story, floor):
-    return [("centre of gravity, X (mm)", "gravityCenter.x", story, 1000 * floor.xg),
-            ("centre of gravity, Z (mm)", "gravityCenter.z", story, 1000 * floor.zg),
-            ("centre of rigidity, X (mm)", "rigidityCenter.x", story, 1000 * floor.xr),
-            ("centre of rigidity, Z (mm)", "rigidityCenter.z", story, 1000 * floor.zr),
+    return [("centre of gravity, X (mm)", "gravityCenter_mm.x", story, 1000 * floor.xg),
+            ("centre of gravity, Z (mm)", "gravityCenter_mm.z", story, 1000 * floor.zg),
+            ("centre of rigidity, X (mm)", "rigidityCenter_mm.x", story, 1000 * floor.xr),
+            ("centre of rigidity, Z (mm)", "rigidityCenter_mm.z", story, 1000 * floor.zr),
             ("eccentricity modulus, X", "eccentricityModulus.x", story, floor.re_x),
             ("eccentricity modulus, Z", "eccentricityModulus.z", story, floor.re_z)]
 
@@ -107,14 +107,14 @@ def symmetric_plan():
     floor = RigidFloor([Column(x, z, k, k, weight=250.0) for z in (0.0, 4.0) for x in (0.0, 6.0)])
     model, text = build([(floor, height, shear, shear)])
     drift = shear / (4.0 * k)
-    expected = [("stiffness of the story, X: 4 × 12EI/h³ (kN/mm)", "stiffness.x", 0, 4.0 * k),
-                ("mean drift, X: P / 4k (mm)", "mean.x", 0, drift),
-                ("largest drift, X: the same (mm)", "max.x", 0, drift),
-                ("story deformation angle, X: P / 4kh", "angle.x", 0, drift / height),
-                ("centre of gravity, X: middle of the plan (mm)", "gravityCenter.x", 0, 3000.0),
-                ("centre of gravity, Z: middle of the plan (mm)", "gravityCenter.z", 0, 2000.0),
-                ("centre of rigidity, X: middle of the plan (mm)", "rigidityCenter.x", 0, 3000.0),
-                ("centre of rigidity, Z: middle of the plan (mm)", "rigidityCenter.z", 0, 2000.0),
+    expected = [("stiffness of the story, X: 4 × 12EI/h³ (kN/mm)", "stiffness_kNpmm.x", 0, 4.0 * k),
+                ("mean drift, X: P / 4k (mm)", "meanDrift_mm.x", 0, drift),
+                ("largest drift, X: the same (mm)", "maxDrift_mm.x", 0, drift),
+                ("story deformation angle, X: P / 4kh", "meanAngle.x", 0, drift / height),
+                ("centre of gravity, X: middle of the plan (mm)", "gravityCenter_mm.x", 0, 3000.0),
+                ("centre of gravity, Z: middle of the plan (mm)", "gravityCenter_mm.z", 0, 2000.0),
+                ("centre of rigidity, X: middle of the plan (mm)", "rigidityCenter_mm.x", 0, 3000.0),
+                ("centre of rigidity, Z: middle of the plan (mm)", "rigidityCenter_mm.z", 0, 2000.0),
                 ("eccentricity modulus, X", "eccentricityModulus.x", 0, 0.0),
                 ("eccentricity modulus, Z", "eccentricityModulus.z", 0, 0.0)]
     return Case("symmetric_plan", "Symmetric plan",
@@ -135,13 +135,13 @@ def turning_floor():
     # Turn under Z: 240 * 2.8 / 660 mm per m; move of a column: 240 / 40 - turn * (x - 6).
     turn = 240.0 * 2.8 / 660.0
     soft, stiff = 6.0 + 6.0 * turn, 6.0 - 2.0 * turn
-    expected = [("centre of rigidity, X: 6 m", "rigidityCenter.x", 0, 6000.0),
-                ("centre of rigidity, Z: 3 m", "rigidityCenter.z", 0, 3000.0),
-                ("centre of gravity, X: 3.2 m", "gravityCenter.x", 0, 3200.0),
-                ("torsional stiffness: 660 kN/mm·m² (kN·mm)", "torsionalStiffness", 0, 660.0e6),
-                ("mean drift, Z: half the sum of both sides (mm)", "mean.z", 0,
+    expected = [("centre of rigidity, X: 6 m", "rigidityCenter_mm.x", 0, 6000.0),
+                ("centre of rigidity, Z: 3 m", "rigidityCenter_mm.z", 0, 3000.0),
+                ("centre of gravity, X: 3.2 m", "gravityCenter_mm.x", 0, 3200.0),
+                ("torsional stiffness: 660 kN/mm·m² (kN·mm)", "torsionalStiffness_kNmm", 0, 660.0e6),
+                ("mean drift, Z: half the sum of both sides (mm)", "meanDrift_mm.z", 0,
                  (soft + stiff) / 2.0),
-                ("largest drift, Z: the soft side (mm)", "max.z", 0, soft),
+                ("largest drift, Z: the soft side (mm)", "maxDrift_mm.z", 0, soft),
                 ("eccentricity modulus, X", "eccentricityModulus.x", 0, 0.0),
                 ("eccentricity modulus, Z: 2.8 / √(660 / 40)", "eccentricityModulus.z", 0,
                  2.8 / math.sqrt(660.0 / 40.0))]
@@ -176,14 +176,14 @@ def soft_first_story():
     model, text = build([(lower, h1, p1 + p2, p1 + p2), (upper, h2, p2, p2)], english=True)
     rs1, rs2 = h1 * 40.0 / (p1 + p2), h2 * 80.0 / p2
     mean = (rs1 + rs2) / 2.0
-    expected = [("story shear 1, X: P1 + P2 (kN)", "shear.x", 0, p1 + p2),
-                ("story shear 2, X: P2 (kN)", "shear.x", 1, p2),
-                ("mean drift 1, X: (P1 + P2) / K1 (mm)", "mean.x", 0, (p1 + p2) / 40.0),
-                ("mean drift 2, X: P2 / K2 (mm)", "mean.x", 1, p2 / 80.0),
-                ("stiffness ratio 1, X", "ratio.x", 0, rs1 / mean),
-                ("stiffness ratio 2, X", "ratio.x", 1, rs2 / mean),
-                ("stiffness ratio 1, Z", "ratio.z", 0, rs1 / mean),
-                ("stiffness ratio 2, Z", "ratio.z", 1, rs2 / mean)]
+    expected = [("story shear 1, X: P1 + P2 (kN)", "shearOfStoryMembers_kN.x", 0, p1 + p2),
+                ("story shear 2, X: P2 (kN)", "shearOfStoryMembers_kN.x", 1, p2),
+                ("mean drift 1, X: (P1 + P2) / K1 (mm)", "meanDrift_mm.x", 0, (p1 + p2) / 40.0),
+                ("mean drift 2, X: P2 / K2 (mm)", "meanDrift_mm.x", 1, p2 / 80.0),
+                ("stiffness ratio 1, X", "stiffnessRatio.x", 0, rs1 / mean),
+                ("stiffness ratio 2, X", "stiffnessRatio.x", 1, rs2 / mean),
+                ("stiffness ratio 1, Z", "stiffnessRatio.z", 0, rs1 / mean),
+                ("stiffness ratio 2, Z", "stiffnessRatio.z", 1, rs2 / mean)]
     return Case("soft_first_story", "A soft first story, inch and kip",
                 "Stories of 4572 mm (15 ft) and 3048 mm (10 ft) with K1 = 40 and K2 = 80 kN/mm, "
                 "loaded by P1 = 150 kN and P2 = 250 kN; the model is in inch and kip.",

@@ -50,17 +50,17 @@ def compare(example, run, examples):
 
 # Name, key of the unrounded values, dimension (powers of length and of stiffness), where.
 PLAN_QUANTITIES = {
-    "xr": ("centre of rigidity, X", "rigidityCenter.x", (1, 0), FILE),
-    "yr": ("centre of rigidity, Z", "rigidityCenter.z", (1, 0), FILE),
-    "xg": ("centre of gravity, X", "gravityCenter.x", (1, 0), FILE),
-    "yg": ("centre of gravity, Z", "gravityCenter.z", (1, 0), FILE),
-    "Kx": ("stiffness, X: ΣKx", "stiffness.x", (0, 1), INSIDE),
-    "Ky": ("stiffness, Z: ΣKz", "stiffness.z", (0, 1), INSIDE),
+    "xr": ("centre of rigidity, X", "rigidityCenter_mm.x", (1, 0), FILE),
+    "yr": ("centre of rigidity, Z", "rigidityCenter_mm.z", (1, 0), FILE),
+    "xg": ("centre of gravity, X", "gravityCenter_mm.x", (1, 0), FILE),
+    "yg": ("centre of gravity, Z", "gravityCenter_mm.z", (1, 0), FILE),
+    "Kx": ("stiffness, X: ΣKx", "stiffness_kNpmm.x", (0, 1), INSIDE),
+    "Ky": ("stiffness, Z: ΣKz", "stiffness_kNpmm.z", (0, 1), INSIDE),
     "sum_kx_y": ("Σ(Kx·z)", "stiffnessTimesArm.x", (1, 1), INSIDE),
     "sum_ky_x": ("Σ(Kz·x)", "stiffnessTimesArm.z", (1, 1), INSIDE),
-    "KR": ("torsional stiffness KR", "torsionalStiffness", (2, 1), INSIDE),
-    "re_x": ("elastic radius, X", "elasticRadius.x", (1, 0), INSIDE),
-    "re_y": ("elastic radius, Z", "elasticRadius.z", (1, 0), INSIDE),
+    "KR": ("torsional stiffness KR", "torsionalStiffness_kNmm", (2, 1), INSIDE),
+    "re_x": ("elastic radius, X", "elasticRadius_mm.x", (1, 0), INSIDE),
+    "re_y": ("elastic radius, Z", "elasticRadius_mm.z", (1, 0), INSIDE),
     "Re_x": ("eccentricity modulus, X", "eccentricityModulus.x", (0, 0), FILE),
     "Re_y": ("eccentricity modulus, Z", "eccentricityModulus.z", (0, 0), FILE),
 }
@@ -78,12 +78,12 @@ def plan(example, run):
             yield number(name, published, tool, tolerance, where)
         elif q in ("ex", "ey"):
             axis = {"ex": "x", "ey": "z"}[q]
-            distance = run.value(f"rigidityCenter.{axis}", 0) - run.value(
-                f"gravityCenter.{axis}", 0)
+            distance = run.value(f"rigidityCenter_mm.{axis}", 0) - run.value(
+                f"gravityCenter_mm.{axis}", 0)
             yield number(f"distance of the centres along {axis.upper()}", published,
                          abs(distance) / length, tolerance)
         elif q.startswith("off_"):
-            offset = elements[q[4:]]["x"] - run.value("rigidityCenter.x", 0) / length
+            offset = elements[q[4:]]["x"] - run.value("rigidityCenter_mm.x", 0) / length
             yield number(f"wall {q[4:]} from the centre of rigidity, X", published, offset,
                          tolerance)
         elif q == "verdict_Re_y":
@@ -104,7 +104,7 @@ def stiffness_ratios(example, run):
         q, published, tolerance = item["q"], item["value"], item["tol"]
         if q == "rs_mean":
             yield number("mean of the stiffness indices", published,
-                         run.value("rsBar.x", 0) / scale, tolerance, INSIDE)
+                         run.value("rsMean.x", 0) / scale, tolerance, INSIDE)
         elif q == "verdict_Rs":
             for i, expected in enumerate(published):
                 yield verdict(f"verdict, story {names[i]}", expected,
@@ -113,7 +113,7 @@ def stiffness_ratios(example, run):
             for i, expected in enumerate(published if q == "Rs" else [published]):
                 for axis, direction in (("x", "X"), ("z", "Z")):
                     yield number(f"stiffness ratio, story {names[i]}, {direction}", expected,
-                                 run.value(f"ratio.{axis}", i), tolerance)
+                                 run.value(f"stiffnessRatio.{axis}", i), tolerance)
         else:
             raise SystemExit(f"{example['id']}: no rule for the published quantity {q}")
 
@@ -145,7 +145,7 @@ def drifts(example, run):
         if q == "one_over":
             for i, expected in enumerate(published):
                 yield number(f"1 / angle, row {rows[i]['story']}", expected,
-                             1.0 / run.value("angle.z", i), tolerance)
+                             1.0 / run.value("meanAngle.z", i), tolerance)
         elif q == "verdict":
             for i, expected in enumerate(published):
                 at_limit = rows[i]["delta"] * 200.0 == rows[i]["h"]
@@ -154,7 +154,7 @@ def drifts(example, run):
         elif q == "delta_at_1_200":
             story = len(rows)
             yield number(f"angle at a drift of {published:g} mm", 0.005,
-                         run.value("angle.z", story), 0.0)
+                         run.value("meanAngle.z", story), 0.0)
             yield verdict(f"verdict at a drift of {published:g} mm", "OK",
                           angle_row(run, story + 1)["Result"], strict)
         else:
@@ -163,7 +163,7 @@ def drifts(example, run):
 
 def edges(example, run):
     inch = models.MM_PER_INCH
-    mean, largest = run.value("mean.x", 0) / inch, run.value("max.x", 0) / inch
+    mean, largest = run.value("meanDrift_mm.x", 0) / inch, run.value("maxDrift_mm.x", 0) / inch
     yield number("mean of both edges (in): the published mean", example["input"]["delta_avg"],
                  mean, 0.0005)
     for item in example["published"]:
@@ -179,7 +179,7 @@ def drift_table(example, run):
         for i, expected in enumerate(item["value"]):
             story = len(rows) - 1 - i  # the table begins at the top
             row, name = rows[i], rows[i]["story"]
-            largest, mean = run.value("max.x", story), run.value("mean.x", story)
+            largest, mean = run.value("maxDrift_mm.x", story), run.value("meanDrift_mm.x", story)
             if item["q"] == "ratio":
                 spread = [(row["max"] + s * half) / (row["avg"] - s * half) for s in (-1, 1)]
                 margin = (spread[1] - spread[0]) / 2 + 0.0005
@@ -202,7 +202,7 @@ def stiffness_table(example, run):
     count = len(rows)
 
     def stiffness(i):  # tf/m, of row i from the top
-        return run.value("stiffness.x", count - 1 - i) * 1000.0 / models.KN_PER_TF
+        return run.value("stiffness_kNpmm.x", count - 1 - i) * 1000.0 / models.KN_PER_TF
 
     for item in example["published"]:
         for i, expected in enumerate(item["value"]):

@@ -9,21 +9,20 @@ import tempfile
 
 
 class ToolRun:
-    """One run of `quarnel-cli check` and of `story-values` on copies of a model and an input file.
+    """One run of `quarnel-cli check --json` on copies of a model and an input file.
 
     `results` is the results file by section, direction, displacement type, story and load;
-    `log_lines` is the log, `log_warnings` its warnings; `values` are the unrounded values per story.
+    `log_lines` is the log, `log_warnings` its warnings; `stories` are the figures, lowest first.
     """
 
-    def __init__(self, cli, story_values, model, input_file):
+    def __init__(self, cli, model, input_file):
         with tempfile.TemporaryDirectory() as folder:
             copy = pathlib.Path(folder) / "building.qhm"
             shutil.copyfile(model, copy)
             command_line = [str(copy), str(shutil.copy(input_file, folder))]
-            self.values = None
-            if story_values:
-                self.values = json.loads(run([story_values, *command_line]))
-            run([cli, "check", *command_line])
+            figures = pathlib.Path(folder) / "figures.json"
+            run([cli, "check", *command_line, "--json", str(figures)])
+            self.stories = json.loads(figures.read_text(encoding="utf-8"))["stories"]
             results = (pathlib.Path(folder) / "building.aijR2Result.csv").read_text()
             log = (pathlib.Path(folder) / "building.aijR2Log.txt").read_text()
         self.results_lines = results.splitlines()
@@ -38,17 +37,24 @@ class ToolRun:
         return self.results[section, direction, disp_type, str(story), load]
 
     def value(self, key, story):
-        """Unrounded value, such as "gravityCenter.x"; stories count from 0."""
-        here = self.values[story]
-        if key.startswith("angle."):
-            axis = key[-1]
-            return here["mean"][axis] / here["height"]
-        if key.startswith("ratio."):
-            axis = key[-1]
-            return here["height"] / here["mean"][axis] / here["rsBar"][axis]
-        for part in key.split("."):
-            here = here[part]
-        return float("nan") if here is None else here
+        """Unrounded figure, such as "gravityCenter_mm.x" or "meanDrift_mm.z"; stories count
+        from 0. Not a number where it was not formed."""
+        here = self.stories[story]
+        name, _, axis = key.partition(".")
+        position = "xz".index(axis) if axis else 0
+        if name == "stiffnessTimesArm":
+            arm = ("v_mm", "x_mm")[position]
+            return sum(member["stiffness_kNpmm"][position] * member[arm]
+                       for member in here["members"])
+        if name == "maxDrift_mm":
+            figure = here[("x", "second")[position]]["toolMax"]["drift_mm"]
+        elif not axis:
+            figure = here[name]
+        elif name in here:
+            figure = here[name][position]
+        else:
+            figure = here[("x", "second")[position]][name]
+        return float("nan") if figure is None else figure
 
 
 def run(command):

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Writes docs/verification.md from runs of the tool.
 
-    write_verification.py [--check] QUARNEL_CLI STORY_VALUES
+    write_verification.py [--check] QUARNEL_CLI
 
-QUARNEL_CLI and STORY_VALUES are the two built programs. --check writes nothing and fails when the
-chapter is not what the runs give. Both ways fail when a figure that should agree does not, or when
+QUARNEL_CLI is the built program. --check writes nothing and fails when the chapter is not what the
+runs give. Both ways fail when a figure that should agree does not, or when
 one that is said to differ agrees.
 """
 
@@ -26,11 +26,11 @@ INTRODUCTION = """\
 # Verification
 
 This chapter holds the tool against calculations of others, against closed formulas and against
-equilibrium. Every value in the column "tool" comes from a run: of `quarnel-cli check`, and, for the
-digits that the results file rounds away and for what it does not show, of `story-values`, a program
-of the tests that drives the same engine and prints what it holds. The two must agree to the digits
-of the results file. The chapter is written by `tests/verification/write_verification.py`, and the
-tests fail when a run no longer gives what stands here.
+equilibrium. Every value in the column "tool" comes from a run of `quarnel-cli check`: from
+its results file, and, for the digits that this rounds away and for what it does not show, from the
+figures that `--json` writes. The two must agree to the digits of the results file. The chapter is
+written by `tests/verification/write_verification.py`, and the tests fail when a run no longer gives
+what stands here.
 
 How to read the tables:
 
@@ -147,13 +147,13 @@ def difference(tool, expected):
 
 
 class Chapter:
-    def __init__(self, cli, story_values):
-        self.programs = (cli, story_values)
+    def __init__(self, cli):
+        self.cli = cli
         self.faults = []
         self.text = INTRODUCTION
 
     def run(self, folder, name, input_name=None):
-        return ToolRun(*self.programs, folder / f"{name}.qhm",
+        return ToolRun(self.cli, folder / f"{name}.qhm",
                        folder / f"{input_name or name}.csv")
 
     def fault(self, where, what):
@@ -196,26 +196,27 @@ class Chapter:
                             rows)
 
     def check_rounding(self, name, run):
-        """The unrounded values are those that the results file shows."""
-        shown = [("Gravity center", "gravity center", "gravityCenter"),
-                 ("Center of rigidity", "rigidity center", "rigidityCenter")]
-        for story, values in enumerate(run.values):
+        """The figures are those that the results file shows, where they were formed."""
+        shown = [("Gravity center", "gravity center", "gravityCenter_mm"),
+                 ("Center of rigidity", "rigidity center", "rigidityCenter_mm")]
+        for story in range(len(run.stories)):
             for section, title, key in shown:
                 cells = run.row(section, story + 1)
                 for axis, label in (("x", "X"), ("z", "Z(or Y)")):
-                    self.check_shown(name, cells[f"{label} coord of {title}"], values[key][axis])
+                    self.check_shown(name, cells[f"{label} coord of {title}"],
+                                     run.value(f"{key}.{axis}", story))
             cells = run.row("Eccentricity modulus", story + 1)
             for axis, label in (("x", "X"), ("z", "Z(or Y)")):
                 self.check_shown(name, cells[f"Eccentricity Mod({label})"],
-                                 values["eccentricityModulus"][axis])
+                                 run.value(f"eccentricityModulus.{axis}", story))
             for axis, load, direction in (("x", "2", "X"), ("z", "3", "Z(or Y)")):
-                for kind, key in (("Average", "mean"), ("Max", "max")):
+                for kind, key in (("Average", "meanDrift_mm"), ("Max", "maxDrift_mm")):
                     row = run.row(published.ANGLE, story + 1, load, direction, kind)
-                    self.check_shown(name, row["Relative story disp.(mm)"], values[key][axis])
+                    self.check_shown(name, row["Relative story disp.(mm)"],
+                                     run.value(f"{key}.{axis}", story))
 
     def check_shown(self, name, text, value):
-        value = float("nan") if value is None else value
-        if f"{value:.5e}".replace("-nan", "nan") != text:
+        if not math.isnan(value) and f"{value:.5e}" != text:
             self.fault(name, f"the results file shows {text}, the run holds {value!r}")
 
     # Closed formulas.
@@ -259,9 +260,9 @@ class Chapter:
         rows = []
         for story in range(len(building.levels) - 1):
             own = [building.story_shear(story, 2), building.story_shear(story, 3)]
-            tool = run.values[story]["shear"]
+            tool, shown = ({axis: run.value(f"{key}.{axis}", story) for axis in "xz"}
+                           for key in ("shearOfStoryMembers_kN", "gravityCenter_mm"))
             center = building.gravity_center(story, 1)
-            shown = run.values[story]["gravityCenter"]
             self.expect(name, f"shear X of story {story + 1}", tool["x"], own[0][0])
             self.expect(name, f"shear Z of story {story + 1}", tool["z"], own[1][1])
             self.expect(name, f"shear Z of story {story + 1} under X", own[0][1], 0.0)
@@ -334,16 +335,16 @@ class Chapter:
 
     def add_braces(self):
         name = "five_story_office_z_up"
-        all_members = self.run(EXAMPLES, name).values
-        columns = self.run(EXAMPLES, name, name + ".columns").values
+        runs = (self.run(EXAMPLES, name), self.run(EXAMPLES, name, name + ".columns"))
         rows = []
-        for story, (everything, part) in enumerate(zip(all_members, columns)):
-            for axis in ("x", "z"):
-                if part["shear"][axis] > everything["shear"][axis] + 1e-6:
+        for story in range(len(runs[0].stories)):
+            shears = [[run.value(f"shearOfStoryMembers_kN.{axis}", story) for run in runs]
+                      for axis in "xz"]
+            for everything, part in shears:
+                if part > everything + 1e-6:
                     self.fault(name, f"columns carry more than all members in story {story + 1}")
-            rows.append([str(story + 1), *(FOUR_DIGITS.format(values["shear"][axis])
-                                           for axis in ("x", "z")
-                                           for values in (everything, part))])
+            rows.append([str(story + 1), *(FOUR_DIGITS.format(shear)
+                                           for pair in shears for shear in pair)])
         self.text += (
             "With `five_story_office_z_up.columns.csv` the columns alone are story members. What "
             "they lack of the story shear is what the braces carry, and the tool then knows "
@@ -355,7 +356,7 @@ class Chapter:
 def main(arguments):
     check = "--check" in arguments
     programs = [argument for argument in arguments if argument != "--check"]
-    if len(programs) != 2:
+    if len(programs) != 1:
         print(__doc__, file=sys.stderr)
         return 2
     chapter = Chapter(*programs)
