@@ -109,9 +109,8 @@ void FormDrifts(const StoryUnderFindings& under, StoryFindings& found) {
     for (const std::size_t axis : {kX, kZ}) {
         DirectionFindings& direction = found.directions[axis];
         direction.worstUpright.allowable = CodeAllowableAngle(under.story.allowDeformAngle);
-        const bool isFormed =
-            under.engine.relativeDispSet && under.casePosition[axis] && !found.members.empty();
-        if (!isFormed) continue;
+        direction.worstUpright.why = WhyNoDrift(under, found, axis, under.engine.relativeDispSet);
+        if (direction.worstUpright.why) continue;
         FormMean(under, axis, direction);
         FormWorstUpright(found, axis, direction.worstUpright);
         FormMeanUpright(found, axis, direction);

@@ -53,7 +53,7 @@ def run_on(quarnel_cli, content):
     with tempfile.TemporaryDirectory() as folder:
         path = pathlib.Path(folder) / "input.csv"
         path.write_bytes(content)
-        return ToolRun(quarnel_cli, None, MODEL, path)
+        return ToolRun(quarnel_cli, MODEL, path)
 
 
 def problems_of_comments(quarnel_cli):

@@ -82,7 +82,7 @@ def figures_of_a_through_column(quarnel_cli):
                          "MemberDeformAngle,99,\nFIN\n")
         left_out = pathlib.Path(folder) / "left_out.csv"
         left_out.write_text(LOAD_CASES + "FIN\n")
-        runs = [ToolRun(quarnel_cli, None, model, path) for path in (named, left_out)]
+        runs = [ToolRun(quarnel_cli, model, path) for path in (named, left_out)]
     modulus = [float(run.row("Eccentricity modulus", 1)["Eccentricity Mod(Z(or Y))"])
                for run in runs]
     angle = runs[0].row("Story deformation angle of specified member", 1, ("3", "99", "Z( or Y)"))

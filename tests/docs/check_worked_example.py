@@ -35,7 +35,7 @@ def same(by_hand, in_file):
 
 
 def main(quarnel_cli):
-    run = ToolRun(quarnel_cli, None, ROOT / "examples" / "worked_example.qhm",
+    run = ToolRun(quarnel_cli, ROOT / "examples" / "worked_example.qhm",
                   ROOT / "examples" / "worked_example.csv")
     problems = [f"the run on the worked example warns: {text}" for text in run.log_warnings]
     text = read("docs/worked-example.md").split("## The same figures in the results file")[1]

@@ -182,7 +182,7 @@ TEST_F(RecordedHostTest, ARecordingOfEverythingThatLacksAnAnswerHasBeenChanged) 
 TEST_F(RecordedHostTest, ANameWithLineEndsMakesNoLinesInTheText) {
     model.recordedFor = RecordedFor{false, "a\nb", std::string(64, 'a')};
     SixDoubles six;
-    EXPECT_THAT(Failure([&] { host.GetNodeDisplacements(2, 101, six); }), HasSubstr("file a b;"));
+    EXPECT_THAT(Failure([&] { host.GetNodeDisplacements(2, 101, six); }), HasSubstr(R"(file a\nb;)"));
 }
 
 TEST_F(RecordedHostTest, AnUnknownNodeIsAFailedCallThatNamesIt) {

@@ -376,10 +376,9 @@ TEST_F(Environment, AnInputFileReplacedBetweenReadersIsReadAsItThenStands) {
     EXPECT_THAT(log, Not(HasSubstr("3-th floor level")));
 }
 
-// The reader of story members asks the host for each of them and so can be met in the middle of
-// the file. Cut off there, the story line that was read last counts again up to the line limit:
-// the run takes its time, and ends.
-TEST_F(Environment, AnInputFileCutOffUnderAReaderEndsAtTheLineLimit) {
+// The file is cut off while the members of the story lines are asked about. For the readers after
+// that the last line counts again up to the line limit: the run goes on without them, and ends.
+TEST_F(Environment, AnInputFileCutOffBetweenItsReadersEndsAtTheLineLimit) {
     host_.loadCombinations.clear();
     host_.primaryLoadCases = {1};
     std::string input = "StoryMember,\n";
@@ -400,7 +399,8 @@ TEST_F(Environment, AnInputFileCutOffUnderAReaderEndsAtTheLineLimit) {
     RunOn(watched);
     EXPECT_TRUE(isCut);
     EXPECT_THAT(status_.lines.back(), "Closing error log file...");
-    EXPECT_THAT(folder_.Read(kLog), HasSubstr("nData file line number is too large"));
+    EXPECT_THAT(folder_.Read(kLog), HasSubstr("Data file line number is too large as setting story "
+                                              "members' output flag."));
 }
 
 // Whatever the file turns into, at whatever question of the run.
