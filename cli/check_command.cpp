@@ -139,11 +139,11 @@ RunOutcome Run(const CheckedHost& host, const std::string& inputPath, const RunO
 void Print(const RunOutcome& outcome, const ReportPaths& reports, const CheckOptions& options,
            bool areFiguresLeft) {
     const bool inputIsTold = options.lintsInput == LintsInput::kYes;
-    if (outcome.findings && outcome.opensLog)
+    if (outcome.findings && outcome.logWritten)
         PrintFindings(std::cout, {*outcome.findings, outcome.printedVerdicts, inputIsTold},
                       options.detail, StandardOutputShowsColor());
     if (options.detail != Detail::kQuiet) {
-        if (outcome.opensLog) PrintReportPlaces(reports, outcome);
+        if (outcome.logWritten) PrintReportPlaces(reports, outcome);
         if (outcome.findings && areFiguresLeft) PrintFigurePlaces(options.figureFiles);
     }
     std::cout << std::flush;

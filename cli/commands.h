@@ -15,5 +15,6 @@ struct Command {
 };
 
 Command AddCheck(CLI::App& app);
+Command AddCompare(CLI::App& app);
 Command AddLint(CLI::App& app);
 Command AddRecord(CLI::App& app);

@@ -2,6 +2,7 @@
 
 #include "cli/messages.h"
 #include "platform/local_time.h"
+#include "platform/native_path.h"
 #include "platform/sha256.h"
 #include "platform/whole_file.h"
 #include "report/figures_json.h"
@@ -26,10 +27,10 @@ RunDescription DescribeRun(const RunSource& source, const std::string& inputPath
                            const std::string& date) {
     RunDescription run;
     run.toolVersion = QUARNEL_VERSION_TEXT;
-    run.made = date.empty() ? LocalTimeText() : date;
-    run.modelPath = source.modelPath;
+    run.made = date.empty() ? LocalTimeText() : Utf8Text(date);
+    run.modelPath = Utf8Text(source.modelPath);
     if (source.fromRecording) run.modelSha256 = Sha256OfFile(source.modelPath);
-    run.inputPath = inputPath;
+    run.inputPath = Utf8Text(inputPath);
     run.inputSha256 = Sha256OfFile(inputPath);
     run.fromRecording = source.fromRecording;
     return run;

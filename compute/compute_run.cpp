@@ -143,7 +143,7 @@ void RunGuarded(AijCodeRoute2& engine, const std::string& modelPath,
 
 // Closes the log, and notes which reports are whole and which could not be written to their end.
 void CloseLog(const AijCodeRoute2& engine, RunOutcome& outcome) {
-    outcome.opensLog = engine.logFile != nullptr;
+    outcome.logWritten = engine.logFile != nullptr;
     outcome.logIsHeld = engine.logOpening == ReportOpening::kHeld;
     outcome.resultsWritten = engine.resultFileWritten;
     outcome.printedVerdicts = engine.printedVerdicts;

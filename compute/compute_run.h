@@ -32,7 +32,7 @@ struct ReportPaths {
 /// How a run ended, beyond what the status list says.
 struct RunOutcome {
     bool complete = false;        ///< the status list reached "Calculation Complete"
-    bool opensLog = false;        ///< the run wrote a log, at ReportPaths::logFile
+    bool logWritten = false;      ///< the run wrote a log, at ReportPaths::logFile
     bool resultsWritten = false;  ///< every row is in the results, at ReportPaths::resultFile
     bool hostFailed = false;      ///< a host call failed, which ended the run
     bool filesCollide = false;    ///< the guard refused the run: nothing was opened

@@ -29,7 +29,7 @@ struct HostException {
     std::uint32_t helpContext = 0;
 };
 
-/// A failed automation call: status() is what the call returned; when that was "exception
+/// A failed automation call: Status() is what the call returned; when that was "exception
 /// occurred", the host's own account comes with it.
 class AutomationError : public HostCallError {
 public:
@@ -38,7 +38,7 @@ public:
         : HostCallError(static_cast<std::int32_t>(status), text),
           hostException_(std::move(hostException)) {}
 
-    const std::optional<HostException>& hostException() const noexcept { return hostException_; }
+    const std::optional<HostException>& Exception() const noexcept { return hostException_; }
 
 private:
     std::optional<HostException> hostException_;

@@ -22,7 +22,7 @@ public:
     HostCallError(std::int32_t status, const std::string& text)
         : std::runtime_error(text), status_(status) {}
 
-    std::int32_t status() const noexcept { return status_; }
+    std::int32_t Status() const noexcept { return status_; }
 
 private:
     std::int32_t status_;

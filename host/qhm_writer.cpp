@@ -295,7 +295,7 @@ void QhmWriter::WriteBothEnds(std::int32_t member, std::int32_t loadCase, const 
 void WriteQhmFile(const RecordedModel& model, const std::string& path) {
     try {
         WholeFile file(path);
-        QhmWriter(model, file.stream()).Write();
+        QhmWriter(model, file.Stream()).Write();
         file.Finish();
     } catch (const NotWritable& reason) {
         throw QhmFileError(path + ": not written: " + reason.what());

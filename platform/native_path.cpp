@@ -11,3 +11,12 @@ std::filesystem::path NativePath(const std::string& narrow) {
     return narrow;
 #endif
 }
+
+std::string Utf8Text(const std::string& narrow) {
+#ifdef _WIN32
+    const std::u8string text = NativePath(narrow).u8string();
+    return {text.begin(), text.end()};
+#else
+    return narrow;
+#endif
+}

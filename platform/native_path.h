@@ -13,3 +13,6 @@ inline constexpr const char* kPathSeparators = "/";
 /// A narrow path as the C library's fopen understands it, for std::filesystem. On Windows the two
 /// differ: the standard library of some compilers drops what is not ASCII.
 std::filesystem::path NativePath(const std::string& narrow);
+
+/// The same path, or any other narrow text of the command line, in UTF-8.
+std::string Utf8Text(const std::string& narrow);

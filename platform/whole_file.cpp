@@ -2,7 +2,7 @@
 
 void WriteWholeFile(const std::string& path, std::string_view bytes) {
     WholeFile file(path);
-    std::fwrite(bytes.data(), 1, bytes.size(), file.stream());
+    std::fwrite(bytes.data(), 1, bytes.size(), file.Stream());
     file.Finish();
 }
 

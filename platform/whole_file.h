@@ -28,7 +28,7 @@ public:
     WholeFile& operator=(const WholeFile&) = delete;
 
     /// Takes bytes as they are. Write errors may go unnoticed until Finish.
-    std::FILE* stream() const;
+    std::FILE* Stream() const;
 
     /// Puts the file in its place. Throws WholeFileError; what stands there is then what stood
     /// there before. To be called once, as the last thing.

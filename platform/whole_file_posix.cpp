@@ -45,7 +45,7 @@ public:
     PassingFile(const PassingFile&) = delete;
     PassingFile& operator=(const PassingFile&) = delete;
 
-    std::FILE* stream() const { return stream_.get(); }
+    std::FILE* Stream() const { return stream_.get(); }
 
     void Finish() {
         std::FILE* const stream = stream_.get();
@@ -85,8 +85,8 @@ private:
 WholeFile::WholeFile(const std::string& path) : file_(std::make_unique<PassingFile>(path)) {}
 WholeFile::~WholeFile() = default;
 
-std::FILE* WholeFile::stream() const {
-    return file_->stream();
+std::FILE* WholeFile::Stream() const {
+    return file_->Stream();
 }
 
 void WholeFile::Finish() {

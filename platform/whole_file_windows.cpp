@@ -53,7 +53,7 @@ public:
     PassingFile(const PassingFile&) = delete;
     PassingFile& operator=(const PassingFile&) = delete;
 
-    std::FILE* stream() const { return stream_.get(); }
+    std::FILE* Stream() const { return stream_.get(); }
 
     void Finish() {
         const bool isWritten = std::fflush(stream()) == 0 && std::ferror(stream()) == 0 &&
@@ -105,8 +105,8 @@ private:
 WholeFile::WholeFile(const std::string& path) : file_(std::make_unique<PassingFile>(path)) {}
 WholeFile::~WholeFile() = default;
 
-std::FILE* WholeFile::stream() const {
-    return file_->stream();
+std::FILE* WholeFile::Stream() const {
+    return file_->Stream();
 }
 
 void WholeFile::Finish() {

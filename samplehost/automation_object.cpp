@@ -31,9 +31,9 @@ void FillArray(SAFEARRAY* array, VARTYPE elementType, UINT argument,
 
 // Fails a call with an exception of this program's own.
 HRESULT ReportException(EXCEPINFO* exception, const HostCallError& error) {
-    if (exception == nullptr) return error.status();
+    if (exception == nullptr) return error.Status();
     *exception = {};
-    exception->scode = error.status();
+    exception->scode = error.Status();
     exception->bstrSource = SysAllocString(L"SampleHost");
     exception->bstrDescription = SysAllocString(WideText(error.what()).c_str());
     return DISP_E_EXCEPTION;

@@ -21,7 +21,7 @@ void CallMeter::Refused() {
     ++refused_;
 }
 
-long CallMeter::total() const {
+long CallMeter::Total() const {
     long sum = refused_;
     for (const auto& [name, count] : answered_)
         sum += count;

@@ -18,8 +18,8 @@ public:
     /// The same for a call that the host does not offer in this form.
     void Refused();
 
-    long refused() const { return refused_; }
-    long total() const;
+    long Refused() const { return refused_; }
+    long Total() const;
 
     /// One line per name, "NAME COUNT", then "Refused COUNT".
     std::string Report() const;

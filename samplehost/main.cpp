@@ -136,7 +136,7 @@ int Serve(const Options& options) {
     std::cout << "Ready: process " << GetCurrentProcessId() << "." << std::endl;
     stopWindow.RunUntilStopped();
 
-    std::cout << "Stopped after " << meter->total() << " calls, " << meter->refused()
+    std::cout << "Stopped after " << meter->Total() << " calls, " << meter->Refused()
               << " of them refused." << std::endl;
     if (!options.callCountFile.empty()) WriteCallCounts(*meter, options.callCountFile);
     return kExitStopped;

@@ -122,7 +122,7 @@ TEST_F(ComputeRun, ShowsFifteenStepLinesAndTwoClosingLines) {
     const RunOutcome outcome = Run();
     EXPECT_EQ(kStepLines + kClosingLines, status.lines);
     EXPECT_TRUE(outcome.complete);
-    EXPECT_TRUE(outcome.opensLog);
+    EXPECT_TRUE(outcome.logWritten);
     EXPECT_EQ("", outcome.failure);
 }
 
@@ -233,7 +233,7 @@ TEST_F(ComputeRun, WithoutAnInputPathSaysSoAndContactsNobody) {
     EXPECT_THAT(status.lines, ElementsAre("Input not specified!"));
     EXPECT_FALSE(connects);
     EXPECT_FALSE(outcome.complete);
-    EXPECT_FALSE(outcome.opensLog);
+    EXPECT_FALSE(outcome.logWritten);
     EXPECT_NE("", outcome.failure);
 }
 
@@ -243,7 +243,7 @@ TEST_F(ComputeRun, AnInputFileThatDoesNotExistEndsTheRunBeforeTheHostIsContacted
     const RunOutcome outcome = Run();
     EXPECT_THAT(status.lines, ElementsAre("Input does not exist"));
     EXPECT_THAT(host.calls, IsEmpty());
-    EXPECT_FALSE(outcome.opensLog);
+    EXPECT_FALSE(outcome.logWritten);
     EXPECT_THAT(outcome.failure, HasSubstr(inputPath));
     EXPECT_EQ("old log", reports.logFile);
     EXPECT_EQ("old results", reports.resultFile);
@@ -256,7 +256,7 @@ TEST_F(ComputeRun, AHostThatIsNotThereEndsTheRunWithoutFiles) {
         inputPath, []() -> HostQueries* { return nullptr; }, status, reports);
     EXPECT_THAT(status.lines, ElementsAre("Unable to establish connection with ORVEK.Pro!"));
     EXPECT_FALSE(outcome.complete);
-    EXPECT_FALSE(outcome.opensLog);
+    EXPECT_FALSE(outcome.logWritten);
     EXPECT_EQ("", reports.logFile);
     EXPECT_EQ("earlier log\n", Log());
 }
@@ -270,7 +270,7 @@ TEST_F(ComputeRun, WithoutAnalysisResultsSaysToRunTheAnalysis) {
     EXPECT_EQ(LoggedWarning("ORVEK results are not available."), Log());
     EXPECT_FALSE(folder.Has("tower.aijR2Result.csv"));
     EXPECT_FALSE(outcome.complete);
-    EXPECT_TRUE(outcome.opensLog);
+    EXPECT_TRUE(outcome.logWritten);
 }
 
 TEST_F(ComputeRun, AnEmptyModelPathPutsTheReportsIntoTheCurrentFolder) {
@@ -321,7 +321,7 @@ TEST_F(ComputeRun, ALogThatCannotBeOpenedFailsToInitialize) {
     const RunOutcome outcome = Run();
     EXPECT_EQ(Lines{"Failed to initialize AijCodeRoute2..."} + kClosingLines, status.lines);
     EXPECT_THAT(host.calls, ElementsAre("GetModelFilePath()", "GetBaseUnitSystem()"));
-    EXPECT_FALSE(outcome.opensLog);
+    EXPECT_FALSE(outcome.logWritten);
     EXPECT_THAT(outcome.failure, HasSubstr(folder.Path("tower.aijR2Log.txt")));
     EXPECT_EQ(folder.Path("tower.aijR2Log.txt"), reports.logFile);
     EXPECT_EQ(folder.Path("tower.aijR2Result.csv"), reports.resultFile);
@@ -341,7 +341,7 @@ TEST_F(ComputeRun, AnInputFileThatCannotBeReadFailsToInitializeAndIsNamedInTheLo
     const RunOutcome outcome = Run();
     EXPECT_EQ(Lines{"Failed to initialize AijCodeRoute2..."} + kClosingLines, status.lines);
     EXPECT_EQ(LoggedWarning("Cannot open data file " + inputPath + "."), Log());
-    EXPECT_TRUE(outcome.opensLog);
+    EXPECT_TRUE(outcome.logWritten);
     EXPECT_FALSE(outcome.complete);
 }
 
@@ -388,7 +388,7 @@ TEST_F(ComputeRun, AStepThatThrowsIsTheLastLineBeforeTheException) {
                   status.lines);
         EXPECT_THAT(Log(), EndsWith("\n" + std::string(step.logEnd) + "...\n"));
         EXPECT_FALSE(outcome.complete);
-        EXPECT_TRUE(outcome.opensLog);
+        EXPECT_TRUE(outcome.logWritten);
         EXPECT_THAT(outcome.failure, HasSubstr(step.call));
     }
 }
@@ -498,7 +498,7 @@ TEST_F(ComputeRun, ReportsThatWouldDestroyTheModelEndTheRunAtItsStart) {
         EXPECT_EQ(Lines{"Failed to initialize AijCodeRoute2..."} + kClosingLines, status.lines);
         EXPECT_THAT(host.calls, ElementsAre("GetModelFilePath()", "GetBaseUnitSystem()"));
         EXPECT_TRUE(outcome.filesCollide);
-        EXPECT_FALSE(outcome.opensLog);
+        EXPECT_FALSE(outcome.logWritten);
         EXPECT_THAT(outcome.failure, HasSubstr("the model would be overwritten"));
         EXPECT_EQ(folder.Path("tower.aijR2Log.txt"), reports.logFile);
         EXPECT_EQ(folder.Path("tower.aijR2Result.csv"), reports.resultFile);
@@ -521,8 +521,8 @@ TEST_F(ComputeRun, AsksTheGuardOnceTheModelIsKnownAndOpensNothingWhenItRefuses) 
         asked = files;
         return std::optional<std::string>("no");
     };
-    const RunOutcome outcome =
-        RunCompute(inputPath, [this] { return &host; }, status, reports, options);
+    const RunOutcome outcome = RunCompute(
+        inputPath, [this] { return &host; }, status, reports, options);
     EXPECT_EQ(inputPath, asked.input);
     EXPECT_EQ(host.modelPath, asked.model);
     EXPECT_EQ(folder.Path("tower.aijR2Log.txt"), asked.log);
@@ -535,7 +535,8 @@ TEST_F(ComputeRun, PutsTheReportsIntoAnotherFolderUnderTheNamesOfModelAndInput) 
     RunOptions options;
     options.reportFolder = folder.Path("variants");
     std::filesystem::create_directory(options.reportFolder);
-    RunCompute(inputPath, [this] { return &host; }, status, reports, options);
+    RunCompute(
+        inputPath, [this] { return &host; }, status, reports, options);
     EXPECT_EQ(folder.Path("variants/tower.input.aijR2Log.txt"), reports.logFile);
     EXPECT_TRUE(folder.Has("variants/tower.input.aijR2Result.csv"));
     EXPECT_FALSE(folder.Has("tower.aijR2Log.txt"));

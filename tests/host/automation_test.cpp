@@ -146,8 +146,8 @@ TEST_F(AutomationDriverTest, RaisesAFailingStatus) {
     Attach();
     fake.answer = [](FakeCall&) { return DISP_E_MEMBERNOTFOUND; };
     const AutomationError error = FailureOf();
-    EXPECT_EQ(DISP_E_MEMBERNOTFOUND, error.status());
-    EXPECT_FALSE(error.hostException().has_value());
+    EXPECT_EQ(DISP_E_MEMBERNOTFOUND, error.Status());
+    EXPECT_FALSE(error.Exception().has_value());
 }
 
 TEST_F(AutomationDriverTest, TakesAnInformativeStatusForSuccess) {
@@ -167,7 +167,7 @@ TEST_F(AutomationDriverTest, FailureCountsTheRefusedArgumentFromOne) {
     Attach();
     fake.answer = [](FakeCall& call) { return call.RefuseArgument(1); };
     const AutomationError error = FailureOf({NumberArgument(12), NumberArgument(3)});
-    EXPECT_EQ(DISP_E_TYPEMISMATCH, error.status());
+    EXPECT_EQ(DISP_E_TYPEMISMATCH, error.Status());
     EXPECT_THAT(error.what(), HasSubstr("(argument 1)"));
 }
 
@@ -180,7 +180,7 @@ TEST_F(AutomationDriverTest, FailureThatMeansNoArgumentNamesNone) {
             return status;
         };
         const AutomationError error = FailureOf({NumberArgument(12)});
-        EXPECT_EQ(status, error.status());
+        EXPECT_EQ(status, error.Status());
         EXPECT_THAT(error.what(), testing::Not(HasSubstr("argument")));
     }
 }
@@ -194,13 +194,13 @@ TEST_F(AutomationDriverTest, RaisesTheHostsOwnExceptionWithItsStatus) {
         return call.FailWithException(L"The host", L"No such node", E_INVALIDARG);
     };
     const AutomationError error = FailureOf({NumberArgument(5)});
-    EXPECT_EQ(DISP_E_EXCEPTION, error.status());
-    ASSERT_TRUE(error.hostException().has_value());
-    EXPECT_EQ("The host", error.hostException()->source);
-    EXPECT_EQ("No such node", error.hostException()->description);
-    EXPECT_EQ("host.chm", error.hostException()->helpFile);
-    EXPECT_EQ(9u, error.hostException()->helpContext);
-    EXPECT_EQ(E_INVALIDARG, error.hostException()->status);
+    EXPECT_EQ(DISP_E_EXCEPTION, error.Status());
+    ASSERT_TRUE(error.Exception().has_value());
+    EXPECT_EQ("The host", error.Exception()->source);
+    EXPECT_EQ("No such node", error.Exception()->description);
+    EXPECT_EQ("host.chm", error.Exception()->helpFile);
+    EXPECT_EQ(9u, error.Exception()->helpContext);
+    EXPECT_EQ(E_INVALIDARG, error.Exception()->status);
     EXPECT_THAT(error.what(),
                 HasSubstr("GetSomething(5): the host reports: No such node (The host)"));
 }
@@ -212,7 +212,7 @@ TEST_F(AutomationDriverTest, AnExceptionWithoutTextShowsTheHostsErrorNumber) {
         return DISP_E_EXCEPTION;
     };
     const AutomationError error = FailureOf();
-    EXPECT_EQ(1004, error.hostException()->code);
+    EXPECT_EQ(1004, error.Exception()->code);
     EXPECT_THAT(error.what(), HasSubstr("the host reports: error 1004"));
 }
 
@@ -234,7 +234,7 @@ TEST_F(AutomationDriverTest, AsksTheHostForTextsThatItFillsInLate) {
         };
         return DISP_E_EXCEPTION;
     };
-    EXPECT_EQ("filled in late", FailureOf().hostException()->description);
+    EXPECT_EQ("filled in late", FailureOf().Exception()->description);
 }
 
 TEST_F(AutomationDriverTest, FreesTheStringsOfAnException) {
@@ -261,7 +261,7 @@ TEST_F(AutomationDriverTest, FreesAResultThatCameWithAFailure) {
 }
 
 TEST_F(AutomationDriverTest, RefusesACallWhileDetached) {
-    EXPECT_EQ(E_POINTER, FailureOf().status());
+    EXPECT_EQ(E_POINTER, FailureOf().Status());
 }
 
 TEST_F(AutomationDriverTest, ReadsAnObjectAsAPropertyWithoutArguments) {
@@ -458,7 +458,7 @@ TEST(HostArray, RefusesAnElementBeyondTheHostsArray) {
         array.CopyOut(values);
         FAIL() << "the third element was fetched";
     } catch (const AutomationError& error) {
-        EXPECT_EQ(DISP_E_BADINDEX, error.status());
+        EXPECT_EQ(DISP_E_BADINDEX, error.Status());
     }
 }
 

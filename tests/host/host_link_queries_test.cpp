@@ -284,7 +284,7 @@ TEST_F(HostLinkQueries, RaiseAFailingStatusAtOnce) {
             query.ask(link);
             ADD_FAILURE() << "no exception";
         } catch (const HostCallError& error) {
-            EXPECT_EQ(E_ACCESSDENIED, error.status());
+            EXPECT_EQ(E_ACCESSDENIED, error.Status());
             EXPECT_THAT(error.what(), HasSubstr(query.name));
         }
         EXPECT_EQ(1u, host.Calls()) << "asked again";
@@ -301,7 +301,7 @@ TEST_F(HostLinkQueries, RaiseTheHostsOwnExceptionWithItsText) {
             query.ask(link);
             ADD_FAILURE() << "no exception";
         } catch (const HostCallError& error) {
-            EXPECT_EQ(DISP_E_EXCEPTION, error.status());
+            EXPECT_EQ(DISP_E_EXCEPTION, error.Status());
             EXPECT_THAT(error.what(), HasSubstr("the model is being edited"));
         }
     }
@@ -461,7 +461,7 @@ TEST_F(HostLinkQueries, NumberListsRaiseTheFirstElementThatCannotBeFetched) {
             (link.*list)(numbers);
             ADD_FAILURE() << "no exception";
         } catch (const HostCallError& error) {
-            EXPECT_EQ(DISP_E_BADINDEX, error.status());
+            EXPECT_EQ(DISP_E_BADINDEX, error.Status());
         }
     }
     EXPECT_EQ(0, memory.BlocksInUse());
@@ -705,7 +705,7 @@ TEST_F(HostLinkQueries, ResultsAreZeroBeforeAFailingCall) {
 TEST_F(HostLinkQueries, ResultsTakeAnArrayThatTheHostReplaces) {
     host.results.answer = [](FakeCall& call) {
         // The array is argument 3 of the displacements and argument 4 of the end forces.
-        SAFEARRAY*& array = call.arrayOutput(call.argumentCount() == 3 ? 3 : 4);
+        SAFEARRAY*& array = call.arrayOutput(call.ArgumentCount() == 3 ? 3 : 4);
         ReplaceArray<double>(array, VT_R8, {1, 2, 3, 4, 5, 6, 7});
         return S_OK;
     };
@@ -721,7 +721,7 @@ TEST_F(HostLinkQueries, ResultsTakeAnArrayThatTheHostReplaces) {
 
 TEST_F(HostLinkQueries, ResultsRaiseAnArrayThatIsTooShort) {
     host.results.answer = [](FakeCall& call) {
-        SAFEARRAY*& array = call.arrayOutput(call.argumentCount() == 3 ? 3 : 4);
+        SAFEARRAY*& array = call.arrayOutput(call.ArgumentCount() == 3 ? 3 : 4);
         ReplaceArray<double>(array, VT_R8, {1, 2, 3, 4, 5});
         return S_OK;
     };

@@ -106,15 +106,15 @@ TEST_F(HostLinkConnection, ReleaseOfADetachedLinkDoesNothing) {
 TEST_F(HostLinkConnection, FailureOfAPropertyLeavesTheConnection) {
     const auto properties = host.root.answer;
     host.root.answer = [&](FakeCall& call) {
-        if (call.id() == 9) return call.FailWithException(L"Host", L"no licence", E_FAIL);
+        if (call.Id() == 9) return call.FailWithException(L"Host", L"no licence", E_FAIL);
         return properties(call);
     };
     try {
         link->ConnectTo(&host.root);
         FAIL() << "connected without the support object";
     } catch (const AutomationError& error) {
-        EXPECT_EQ(DISP_E_EXCEPTION, error.status());
-        EXPECT_EQ("no licence", error.hostException()->description);
+        EXPECT_EQ(DISP_E_EXCEPTION, error.Status());
+        EXPECT_EQ("no licence", error.Exception()->description);
     }
     EXPECT_THAT(Identifiers(host.root.calls), ElementsAre(3, 1, 4, 6, 9));
     link.reset();
@@ -131,7 +131,7 @@ TEST_F(HostLinkConnection, FailureOfThePostConnectCallLeavesTheConnection) {
 TEST_F(HostLinkConnection, PropertyThatIsNoObjectIsAFailure) {
     const auto properties = host.root.answer;
     host.root.answer = [&](FakeCall& call) {
-        return call.id() == 26 ? call.AnswerInteger(26) : properties(call);
+        return call.Id() == 26 ? call.AnswerInteger(26) : properties(call);
     };
     EXPECT_THROW(link->ConnectTo(&host.root), HostCallError);
 }
@@ -139,7 +139,7 @@ TEST_F(HostLinkConnection, PropertyThatIsNoObjectIsAFailure) {
 TEST_F(HostLinkConnection, AbsentSubObjectFailsOnlyTheQueriesThatNeedIt) {
     const auto properties = host.root.answer;
     host.root.answer = [&](FakeCall& call) {
-        if (call.id() != 5) return properties(call);
+        if (call.Id() != 5) return properties(call);
         V_VT(call.result()) = VT_DISPATCH;
         V_DISPATCH(call.result()) = nullptr;
         return S_OK;

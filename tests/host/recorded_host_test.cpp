@@ -29,7 +29,7 @@ protected:
         try {
             ask();
         } catch (const HostCallError& error) {
-            EXPECT_LT(error.status(), 0);
+            EXPECT_LT(error.Status(), 0);
             return error.what();
         }
         return {};
@@ -182,7 +182,8 @@ TEST_F(RecordedHostTest, ARecordingOfEverythingThatLacksAnAnswerHasBeenChanged) 
 TEST_F(RecordedHostTest, ANameWithLineEndsMakesNoLinesInTheText) {
     model.recordedFor = RecordedFor{false, "a\nb", std::string(64, 'a')};
     SixDoubles six;
-    EXPECT_THAT(Failure([&] { host.GetNodeDisplacements(2, 101, six); }), HasSubstr(R"(file a\nb;)"));
+    EXPECT_THAT(Failure([&] { host.GetNodeDisplacements(2, 101, six); }),
+                HasSubstr(R"(file a\nb;)"));
 }
 
 TEST_F(RecordedHostTest, AnUnknownNodeIsAFailedCallThatNamesIt) {

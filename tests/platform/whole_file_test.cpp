@@ -61,8 +61,8 @@ TEST_F(WholeFileTest, HoldsTheBytesAsTheyAre) {
 TEST_F(WholeFileTest, ReplacesAnOlderFileInTheEnd) {
     folder.Write("out.json", "older");
     WholeFile file(path);
-    std::fputs("new", file.stream());
-    std::fflush(file.stream());
+    std::fputs("new", file.Stream());
+    std::fflush(file.Stream());
     EXPECT_EQ("older", folder.Read("out.json"));
     file.Finish();
     EXPECT_EQ("new", folder.Read("out.json"));
@@ -74,7 +74,7 @@ TEST_F(WholeFileTest, ThatIsGivenUpLeavesTheOlderOneAndNothingElse) {
     const std::ptrdiff_t before = OpenFiles();
     {
         const WholeFile file(path);
-        std::fputs("new", file.stream());
+        std::fputs("new", file.Stream());
     }
     EXPECT_EQ("older", folder.Read("out.json"));
     EXPECT_THAT(Names(), ElementsAre("out.json"));

@@ -102,7 +102,7 @@ protected:
     // nothing.
     void FailAtRoot(DISPID method) {
         host_.rootMethods = [this, method](FakeCall& call) {
-            if (call.id() == method) {
+            if (call.Id() == method) {
                 return call.FailWithException(L"Host", L"The licence is gone.", E_FAIL);
             }
             return AnswerModelPath(call);
@@ -117,7 +117,7 @@ protected:
     }
 
     HRESULT AnswerModelPath(FakeCall& call) {
-        if (call.id() == kGetModelFilePath.id && call.argumentCount() > 0) {
+        if (call.Id() == kGetModelFilePath.id && call.ArgumentCount() > 0) {
             BSTR& path = call.stringOutput(1);
             SysFreeString(path);
             path = SysAllocString((folder_.Path() / L"model.ext").c_str());
@@ -414,7 +414,7 @@ TEST_F(FailingHost, IsKeptByEveryRunAndNeverReleased) {
 TEST_F(FailingHost, InTheMiddleOfACallTheDialogObeysNothing) {
     int calls = 0;
     host_.rootMethods = [this, &calls](FakeCall& call) {
-        if (call.id() != kGetModelFilePath.id || ++calls > 1) return S_OK;
+        if (call.Id() != kGetModelFilePath.id || ++calls > 1) return S_OK;
         for (const WPARAM command : {kExit, kCompute, kViewLog})
             IsAnsweredAtOnce(WM_COMMAND, command);
         IsAnsweredAtOnce(WM_SYSCOMMAND, SC_CLOSE);

@@ -158,7 +158,7 @@ TEST_F(SampleHostObjects, FailForANodeThatTheModelDoesNotHave) {
         link.GetNodeCoordinates(999, x, y, z);
         FAIL() << "node 999 was answered";
     } catch (const HostCallError& error) {
-        EXPECT_EQ(DISP_E_EXCEPTION, error.status());
+        EXPECT_EQ(DISP_E_EXCEPTION, error.Status());
         EXPECT_THAT(error.what(), HasSubstr("node 999 is not in the model (SampleHost)"));
     }
 }
@@ -175,7 +175,7 @@ TEST_F(SampleHostObjects, FailWhereARecordingWasNotAsked) {
         other.GetMemberEndForces(7, 0, 3, values);
         FAIL() << "an answer that was not recorded was given";
     } catch (const HostCallError& error) {
-        EXPECT_EQ(DISP_E_EXCEPTION, error.status());
+        EXPECT_EQ(DISP_E_EXCEPTION, error.Status());
         EXPECT_THAT(error.what(),
                     HasSubstr("does not hold the forces at the start (0) of member 7 under load "
                               "case 3, because it was made for the input file tower.csv; record "
@@ -271,7 +271,7 @@ TEST_F(SampleHostObjects, CountAnsweredAndRefusedCalls) {
     EXPECT_THAT(meter->Report(), HasSubstr("GetNodeCount 2\n"));
     EXPECT_THAT(meter->Report(), HasSubstr("Refused 1\n"));
     // Ten properties and PostConnectCall of the connection, and these three.
-    EXPECT_EQ(14, meter->total());
+    EXPECT_EQ(14, meter->Total());
 }
 
 TEST(SampleHostLifetime, EndsWithItsLastReference) {

@@ -62,16 +62,16 @@ private:
     }
 
     HRESULT Root(FakeCall& call) {
-        if (call.id() == 14) {
+        if (call.Id() == 14) {
             const std::string path = building_.GetModelFilePath();
             SysReAllocString(&call.stringOutput(1), std::wstring(path.begin(), path.end()).c_str());
         }
-        if (call.id() == 34) return call.AnswerInteger(building_.GetBaseUnitSystem());
+        if (call.Id() == 34) return call.AnswerInteger(building_.GetBaseUnitSystem());
         return S_OK;
     }
 
     HRESULT Geometry(FakeCall& call) {
-        switch (call.id()) {
+        switch (call.Id()) {
             case 43:
                 return call.AnswerInteger(building_.GetNodeCount());
             case 44:
@@ -122,7 +122,7 @@ private:
     }
 
     HRESULT Load(FakeCall& call) {
-        switch (call.id()) {
+        switch (call.Id()) {
             case 1:
                 return call.AnswerInteger(building_.GetPrimaryLoadCaseCount());
             case 2:
@@ -146,7 +146,7 @@ private:
 
     HRESULT Results(FakeCall& call) {
         SixDoubles six{};
-        switch (call.id()) {
+        switch (call.Id()) {
             case 14:
                 building_.GetNodeDisplacements(Number(call, 1), Number(call, 2), six);
                 Fill<double>(call.arrayOutput(3), six);

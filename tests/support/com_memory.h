@@ -15,7 +15,7 @@ public:
         return spy;
     }
 
-    long blocks() const { return blocks_; }
+    long Blocks() const { return blocks_; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
         const bool known = id == IID_IUnknown || id == IID_IMallocSpy;
@@ -63,8 +63,8 @@ private:
 /// and not freed.
 class ComMemoryCounter {
 public:
-    long BlocksInUse() const { return ComMemorySpy::Instance().blocks() - before_; }
+    long BlocksInUse() const { return ComMemorySpy::Instance().Blocks() - before_; }
 
 private:
-    long before_ = ComMemorySpy::Instance().blocks();
+    long before_ = ComMemorySpy::Instance().Blocks();
 };

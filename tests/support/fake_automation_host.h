@@ -55,7 +55,7 @@ private:
     HRESULT AnswerAtRoot(FakeCall& call) {
         if (root.calls.back().kind != DISPATCH_PROPERTYGET)
             return rootMethods ? rootMethods(call) : S_OK;
-        FakeDispatch& object = subObjects.at(call.id());
+        FakeDispatch& object = subObjects.at(call.Id());
         object.AddRef();
         V_VT(call.result()) = VT_DISPATCH;
         V_DISPATCH(call.result()) = &object;

@@ -20,8 +20,8 @@ public:
           exception_(exception),
           wrongArgument_(wrongArgument) {}
 
-    DISPID id() const { return id_; }
-    UINT argumentCount() const { return parameters_.cArgs; }
+    DISPID Id() const { return id_; }
+    UINT ArgumentCount() const { return parameters_.cArgs; }
     VARIANT& argument(UINT number) { return parameters_.rgvarg[parameters_.cArgs - number]; }
 
     double& doubleOutput(UINT number) { return *V_R8REF(&argument(number)); }
