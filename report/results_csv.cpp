@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "log/formatted_print.h"
+#include "report/results_formats.h"
 #include "route2/eccentricity_modulus.h"
 #include "route2/stiffness_ratio.h"
 #include "route2/story_drift.h"
@@ -152,15 +153,15 @@ void ResultsWriter::PrintBlockHead(const Block& block, const char* value) const 
 void ResultsWriter::PrintLoadCaseRow(std::size_t story, std::size_t loadCase, double disp,
                                      double value, double allowable) {
     const StoryInfo& info = engine_.stories[story];
-    Print(file_, "%d,%d,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s\n", StoryNumber(story),
-          static_cast<int>(LoadCaseNumber(loadCase)), info.lowerLevel, info.upperLevel,
-          StoryHeight(info), disp, value, allowable, Shown(verdict_));
+    Print(file_, kLoadCaseRowFormat, StoryNumber(story), static_cast<int>(LoadCaseNumber(loadCase)),
+          info.lowerLevel, info.upperLevel, StoryHeight(info), disp, value, allowable,
+          Shown(verdict_));
 }
 
 void ResultsWriter::PrintAllRow(std::size_t story, double disp, double value, double allowable) {
     const StoryInfo& info = engine_.stories[story];
-    Print(file_, "%d,All,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s\n", StoryNumber(story), info.lowerLevel,
-          info.upperLevel, StoryHeight(info), disp, value, allowable, Shown(verdict_));
+    Print(file_, kAllRowFormat, StoryNumber(story), info.lowerLevel, info.upperLevel,
+          StoryHeight(info), disp, value, allowable, Shown(verdict_));
 }
 
 void ResultsWriter::PrintDeformAngles() {
@@ -263,8 +264,8 @@ void ResultsWriter::PrintCenters(const char* title, const char* nameOfCenter,
           nameOfCenter, nameOfCenter);
     for (std::size_t story = 0; story < engine_.stories.size(); ++story) {
         const StoryInfo& info = engine_.stories[story];
-        Print(file_, "%d,%.3e,%.3e,%.3e,%.5e,%.5e\n", StoryNumber(story), info.lowerLevel,
-              info.upperLevel, StoryHeight(info), (info.*center)[kX], (info.*center)[kZ]);
+        Print(file_, kCenterRowFormat, StoryNumber(story), info.lowerLevel, info.upperLevel,
+              StoryHeight(info), (info.*center)[kX], (info.*center)[kZ]);
     }
 }
 
@@ -277,9 +278,9 @@ void ResultsWriter::PrintEccentricityModuli() {
         const StoryInfo& info = engine_.stories[story];
         const double allowable = info.allowEccentricityModulus;
         const PerDirection& modulus = info.eccentricityModulus;
-        Print(file_, "%d,%.3e,%.3e,%.3e,%.5e,%.5e,%.5e,%s,%s\n", StoryNumber(story),
-              info.lowerLevel, info.upperLevel, StoryHeight(info), modulus[kX], modulus[kZ],
-              allowable, Shown(JudgeEccentricityModulus(modulus[kX], allowable)),
+        Print(file_, kModulusRowFormat, StoryNumber(story), info.lowerLevel, info.upperLevel,
+              StoryHeight(info), modulus[kX], modulus[kZ], allowable,
+              Shown(JudgeEccentricityModulus(modulus[kX], allowable)),
               Shown(JudgeEccentricityModulus(modulus[kZ], allowable)));
     }
 }

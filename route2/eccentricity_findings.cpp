@@ -45,7 +45,16 @@ double Across(const MemberFindings& member, std::size_t axis) {
     return axis == kX ? member.v : member.x;
 }
 
+void FormWeightMoments(std::vector<MemberFindings>& members) {
+    for (MemberFindings& member : members)
+        if (member.axialForce)
+            member.weightMoment = {Finite(*member.axialForce * member.x),
+                                   Finite(*member.axialForce * member.v)};
+}
+
 void FormMemberMoments(StoryFindings& found) {
+    FormWeightMoments(found.members);
+    FormWeightMoments(found.cutNotCounted);
     for (MemberFindings& member : found.members)
         for (const std::size_t axis : {kX, kZ}) {
             if (!member.stiffness[axis]) continue;

@@ -129,6 +129,7 @@ struct MemberFindings {
                                       ///< counted, the difference of its own two nodes
     std::array<Figure, 2> stiffness;  ///< of story members only
     std::array<Figure, 2> angle;      ///< drift over its own height; only of what is not counted
+    std::array<Figure, 2> weightMoment;     ///< N x and N v, kN mm
     std::array<Figure, 2> stiffnessMoment;  ///< K_X v and K_2 x, kN
     std::array<Figure, 2> torsionalPart;    ///< K_X (v - v_R)^2 and K_2 (x - x_R)^2, kN mm
 };

@@ -76,6 +76,7 @@ TEST_F(SmallBuildingFigures, SayHowFarTheCentresMayPart) {
 TEST_F(SmallBuildingFigures, HoldTheTermsOfTheCentresAndOfTheTorsionalStiffness) {
     const StoryFindings story = Story();
     const MemberFindings& column = story.members.at(3);
+    EXPECT_THAT(column.weightMoment, ElementsAre(Near(6e5), Near(4e5)));
     EXPECT_THAT(column.stiffnessMoment, ElementsAre(Near(8000.0), Near(24000.0)));
     EXPECT_THAT(column.torsionalPart, ElementsAre(Near(8e6), Near(36e6)));
     EXPECT_THAT(story.directions[kX].stiffnessMoment, Near(16000.0));

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <string>
+
+/// A length on the page, in mm or percent: at most two decimals, no exponent.
+std::string LengthText(double length);

@@ -1,0 +1,85 @@
+#include "sheet/sheet.h"
+
+#include "sheet/html.h"
+#include "sheet/sheet_parts.h"
+#include "sheet/style.h"
+#include "sheet/texts.h"
+
+namespace {
+
+constexpr std::size_t kShownDigestDigits = 16;
+
+// What stands at the foot of every page, within a string of the style sheet.
+std::string PageFoot(const SheetContent& content) {
+    std::string foot = "Quarnel " + content.run.toolVersion;
+    if (content.input.sha256)
+        foot += "  input SHA-256 " + content.input.sha256->substr(0, kShownDigestDigits);
+    std::string safe;
+    for (const char character : foot)
+        if (character != '"' && character != '\\' && character != '<' && character >= ' ' &&
+            character < 0x7F)
+            safe += character;
+    return safe;
+}
+
+std::string Style(const SheetContent& content) {
+    constexpr std::string_view kPlace = "PAGE_FOOT";
+    std::string style(kSheetStyle);
+    style.replace(style.find(kPlace), kPlace.size(), PageFoot(content));
+    return style;
+}
+
+// The names by which the style sheet knows the languages.
+struct Choice {
+    SheetLanguage language;
+    const char* id;
+    const char* label;
+};
+constexpr Choice kChoices[] = {
+    {SheetLanguage::kBoth, "both", "日本語・English"},
+    {SheetLanguage::kJapanese, "ja", "日本語"},
+    {SheetLanguage::kEnglish, "en", "English"},
+};
+
+std::string LanguageChoice(SheetLanguage chosen) {
+    std::string html;
+    for (const auto& [language, id, label] : kChoices) {
+        html += "<input type=\"radio\" class=\"choice\" name=\"language\" id=\"";
+        html += id;
+        html += language == chosen ? "\" checked=\"checked\"" : "\"";
+        html += " aria-label=\"" + std::string(label) + "\">\n";
+    }
+    html += "<nav class=\"languages\">";
+    for (const auto& [language, id, label] : kChoices)
+        html += Element("label", {{"for", id}}, label);
+    return html + "</nav>\n";
+}
+
+std::string Title(const SheetContent& content) {
+    const Words words = Text("title");
+    std::string title(content.options.language == SheetLanguage::kEnglish ? words.en : words.ja);
+    const std::string& path = content.model.path;
+    return HtmlText(path.substr(path.find_last_of("/\\") + 1) + " – " + title);
+}
+
+}  // namespace
+
+std::string SheetHtml(const SheetContent& content) {
+    const Sheet sheet(content);
+    const bool isEnglish = content.options.language == SheetLanguage::kEnglish;
+    std::string html = "<!DOCTYPE html>\n<html lang=\"";
+    html += isEnglish ? "en" : "ja";
+    html +=
+        "\">\n<head>\n<meta charset=\"utf-8\">\n"
+        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
+        "'unsafe-inline'\">\n"
+        "<meta name=\"viewport\" content=\"width=device-width\">\n<title>";
+    html += Title(content) + "</title>\n<style>" + Style(content) + "</style>\n</head>\n<body>\n";
+    html += LanguageChoice(content.options.language) + "<main>\n";
+    for (const auto section :
+         {HeadSection, SummarySection, StoriesSection, AngleSection, RatioSection,
+          EccentricitySection, PlanSection, RemarkSection, MethodSection, InputSection,
+          MemberAppendix, ResultsAppendix, FilesAppendix})
+        html += section(sheet);
+    return html + "</main>\n</body>\n</html>\n";
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <string_view>
+
+/// How the sheet looks, on paper (A4) and on a screen.
+extern const std::string_view kSheetStyle;
