@@ -22,9 +22,9 @@ constexpr double kSmallestHeight = 26.0;
 constexpr double kLeft = 5.0;
 constexpr double kTop = 5.5;
 constexpr double kBelow = 7.5;         // supports, ground, axis
-constexpr double kLevelColumn = 19.0;  // names and heights of floor levels
-constexpr double kStoryColumn =
-    17.0;  // names and heights of stories, where they have no room between
+constexpr double kNameGap = 3.4;       // between the drawing and the names beside it
+constexpr double kNarrowColumn = 12.0; // of names
+constexpr double kWideColumn = 24.0;   // longer names are cut
 constexpr double kTextSize = 2.3;
 constexpr double kTextGap = 3.0;
 constexpr double kRoomBetween = 6.2;          // a story this high has its name between its levels
@@ -89,12 +89,39 @@ private:
     std::vector<std::pair<Point, Point>> lines_;
 };
 
+// --- Names beside it -----------------------------------------------------------------------------
+
+// As much of a name as fits beside the building, with a number behind it.
+std::string Fitting(std::string name, const std::string& number) {
+    const std::string rest = " " + number;
+    if (TextWidth(name + rest, kTextSize) <= kWideColumn) return name + rest;
+    while (!name.empty() && TextWidth(name + "…" + rest, kTextSize) > kWideColumn) {
+        std::size_t last = name.size() - 1;
+        while (last > 0 && (static_cast<unsigned char>(name[last]) & 0xC0U) == 0x80U)
+            --last;
+        name.resize(last);
+    }
+    return name + "…" + rest;
+}
+
+std::string LevelName(const Sheet& sheet, std::size_t level) {
+    return Fitting(sheet.names.Floor(level), LevelText(sheet.findings.floorLevels[level]));
+}
+
+FilledWords StoryName(const Sheet& sheet, const StoryFindings& story) {
+    const FilledWords name = sheet.names.Story(story.number);
+    const std::string height = "h " + LevelText(story.height);
+    return {Fitting(name.ja, height), Fitting(name.en, height)};
+}
+
 // --- One view ------------------------------------------------------------------------------------
 
 struct ViewSize {
     double scale = 1.0;  // mm on paper per mm
-    bool storiesAside = false;
-    double height = 0.0;  // of the building on paper, mm
+    bool storiesAside = false;  // names of stories have no room between those of levels
+    double names = 0.0;         // width of the column, or of both, mm
+    double storyNames = 0.0;    // where the second one begins
+    double height = 0.0;        // of the building on paper, mm
     Extent vertical;
 };
 
@@ -108,7 +135,7 @@ public:
           axis_(axis),
           size_(size),
           across_(across),
-          drawnWidth_(kWidth - kLeft - kLevelColumn - (size.storiesAside ? kStoryColumn : 0.0)),
+          drawnWidth_(kWidth - kLeft - size.names),
           svg_(kWidth, kTop + size.height + kBelow, Title(), Text("elevation description")) {}
 
     std::string Html() {
@@ -234,12 +261,11 @@ private:
         }
         const std::vector<double> places = Spread(wanted);
         for (std::size_t k = 0; k < named.size(); ++k) {
-            const double from = Right() + 1.0, to = Right() + 3.4;
+            const double from = Right() + 1.0, to = Right() + kNameGap;
             if (std::abs(places[k] - wanted[k]) > 0.2)
                 svg_.Polyline({{from, wanted[k]}, {to - 0.4, places[k]}}, {"#555", 0.15});
-            const std::string text =
-                sheet_.names.Floor(named[k]) + " " + LevelText(findings_.floorLevels[named[k]]);
-            svg_.Text({to, places[k] + 0.8}, {.size = kTextSize}, HtmlText(text));
+            svg_.Text({to, places[k] + 0.8}, {.size = kTextSize},
+                      HtmlText(LevelName(sheet_, named[k])));
         }
     }
 
@@ -253,12 +279,10 @@ private:
             wanted.push_back((Y(story.lowerLevel) + Y(story.upperLevel)) / 2.0);
         }
         const std::vector<double> places = Spread(wanted);
-        const double x = Right() + (size_.storiesAside ? kLevelColumn : 6.0);
+        const double x = Right() + size_.storyNames;
         for (std::size_t k = 0; k < places.size(); ++k) {
-            const StoryFindings& story = *named[k];
             svg_.Text({x, places[k] + 0.8}, {.size = kTextSize, .color = "#333"},
-                      DrawnInOne(sheet_.names.Story(story.number)) + " h " +
-                          HtmlText(LevelText(story.height)));
+                      DrawnInOne(StoryName(sheet_, *named[k])));
         }
     }
 
@@ -280,12 +304,21 @@ private:
 
 // --- Both views ----------------------------------------------------------------------------------
 
-ViewSize SizeFor(const Findings& findings, const Extent& vertical, double width,
-                 bool storiesAside) {
+ViewSize SizeFor(const Sheet& sheet, const Extent& vertical, double width, bool storiesAside) {
+    const Findings& findings = sheet.findings;
     ViewSize size;
     size.vertical = vertical;
     size.storiesAside = storiesAside;
-    const double room = kWidth - kLeft - kLevelColumn - (storiesAside ? kStoryColumn : 0.0) - 6.0;
+    double levels = kNarrowColumn, stories = kNarrowColumn;
+    for (std::size_t i = 0; i < findings.floorLevels.size(); ++i)
+        levels = std::max(levels, TextWidth(LevelName(sheet, i), kTextSize));
+    for (const StoryFindings& story : findings.stories) {
+        const FilledWords name = StoryName(sheet, story);
+        stories = std::max({stories, TextWidth(name.ja, kTextSize), TextWidth(name.en, kTextSize)});
+    }
+    size.storyNames = kNameGap + (storiesAside ? levels : 1.0);
+    size.names = std::max(kNameGap + levels, size.storyNames + stories);
+    const double room = kWidth - kLeft - size.names - 6.0;
     const double limit = HeightLimit(findings.stories.size());
     size.scale = limit / std::max(vertical.Size(), 1.0);
     if (width > 0.0) size.scale = std::min(size.scale, room / width);
@@ -293,12 +326,12 @@ ViewSize SizeFor(const Findings& findings, const Extent& vertical, double width,
     return size;
 }
 
-ViewSize ChooseSize(const Findings& findings, const Extent& vertical, double width) {
-    const ViewSize size = SizeFor(findings, vertical, width, false);
-    const bool hasRoom = std::ranges::all_of(findings.stories, [&](const StoryFindings& story) {
+ViewSize ChooseSize(const Sheet& sheet, const Extent& vertical, double width) {
+    const ViewSize size = SizeFor(sheet, vertical, width, false);
+    const bool hasRoom = std::ranges::all_of(sheet.findings.stories, [&](const StoryFindings& story) {
         return story.height * size.scale >= kRoomBetween;
     });
-    return hasRoom ? size : SizeFor(findings, vertical, width, true);
+    return hasRoom ? size : SizeFor(sheet, vertical, width, true);
 }
 
 std::string Legend() {
@@ -332,7 +365,7 @@ std::string Elevations(const Sheet& sheet) {
         }
     if (vertical.isEmpty || across[kX].isEmpty) return {};
     const double width = std::max(across[kX].Size(), across[kZ].Size());
-    const ViewSize size = ChooseSize(findings, vertical, width);
+    const ViewSize size = ChooseSize(sheet, vertical, width);
     const MemberRoles roles(findings);
     std::string html = "<div class=\"figures\">";
     for (const std::size_t axis : {kX, kZ})

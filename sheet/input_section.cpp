@@ -34,7 +34,7 @@ std::string NoteHtml(const InputLineNote& note) {
     if (!note.id.empty()) html += "<b>" + HtmlText(note.id) + "</b> ";
     html +=
         Element("span", {{"class", "ja"}, {"lang", "ja"}}, HtmlText(note.ja, kLongestNote)) +
-        Element("span", {{"class", "en below"}, {"lang", "en"}}, HtmlText(note.en, kLongestNote));
+        Element("span", {{"class", "en"}, {"lang", "en"}}, HtmlText(note.en, kLongestNote));
     return Element("div", {{"class", std::string(ClassOf(note.kind))}}, html);
 }
 
@@ -53,7 +53,7 @@ bool IsWrong(const std::vector<InputLineNote>& notes, std::size_t line) {
 }
 
 std::string LinesTable(const InputAsRead& input) {
-    Table table("S9", {}, {9, 88, 81}, "input text");
+    Table table("S9", {}, {9, 79, 90}, "input text");
     table.HeadRow({{Text("line number")}, {Text("line of the input")}, {Text("what was taken")}});
     const std::size_t shown = std::min(input.lines.size(), kMostLinesShown);
     for (std::size_t i = 0; i < shown; ++i)

@@ -136,9 +136,9 @@ std::string SumCells(const StoryFindings& story, std::size_t axis) {
 }
 
 std::string MemberTable(const Sheet& sheet, const ModelMembers& model, const StoryFindings& story) {
-    std::vector<double> widths{11.5, 12.5, 11.5, 11.5};
+    std::vector<double> widths{10.5, 12, 10.5, 10.5};
     for (int i = 0; i < 2; ++i)
-        widths.insert(widths.end(), {12.5, 11.5, 13, 14, 14.5});
+        widths.insert(widths.end(), {12.5, 11, 13, 14, 16.5});
     Table table("A1", Text("A1 members"), widths, "detail terms");
     std::vector<HeadCell> groups{{Text("member"), {}, 1, 2},
                                  {Text("kind, plan distance"), "mm", 1, 2},

@@ -22,10 +22,11 @@ h3{font-size:9.5pt;margin:3.5mm 0 1mm;break-after:avoid}
 h1 .en,h2 .en,h3 .en{font-weight:normal;margin-left:2mm}
 h1 .en{display:block;margin:0;font-size:9pt}
 #en:checked~main .en{font-size:inherit;color:inherit}
-#en:checked~main h1 .en{font-size:15pt}
+#en:checked~main h1 .en{font-size:13.5pt}
 #en:checked~main h1 .en,#en:checked~main h2 .en,#en:checked~main h3 .en{font-weight:bold;margin-left:0}
 p{margin:0.8mm 0}
 .ja+.en{margin-left:1.2mm}
+#en:checked~main .en{margin-left:0}
 .small{font-size:7.8pt;line-height:1.25}
 .formula{font-size:9pt;margin:0 0 2.5mm}
 .formula .ja,.formula .en{display:block;margin:0}
@@ -39,7 +40,7 @@ caption .en{font-weight:normal}
 .quiet caption{position:absolute;width:1px;height:1px;overflow:hidden;clip-path:inset(50%)}
 .columns{columns:2;column-gap:5mm;font-size:7.5pt}
 .columns h3{margin-top:1.5mm}
-.columns .method{font-size:7.5pt;padding-left:3mm;margin-bottom:1mm}
+.columns .method{font-size:7.5pt;padding-left:4.5mm;margin-bottom:1mm}
 .columns .method li{margin:0.3mm 0}
 .columns table{font-size:7.2pt}
 .columns .formulas{display:block}
@@ -51,7 +52,7 @@ thead [scope=colgroup] .ja,thead [scope=colgroup] .en{display:inline;margin:0 0.
 thead th{padding:0.4mm 0.3mm;overflow-wrap:break-word}
 #ja:checked~main thead .en,#en:checked~main thead .ja,#ja:checked~main thead [scope=colgroup] .en,#en:checked~main thead [scope=colgroup] .ja{display:none}
 thead .en{font-size:6.5pt;line-height:1.1}
-#en:checked~main thead .en{font-size:7.2pt}
+#en:checked~main thead .en{font-size:6.8pt}
 .unit{display:block;font-size:6.5pt;color:#333}
 tbody th{background:#f6f8fa;text-align:center;-webkit-print-color-adjust:exact;print-color-adjust:exact}
 tr,figure,.together,.errors,.factors{break-inside:avoid}
@@ -73,8 +74,7 @@ table.head{font-size:7.7pt}
 .overall .tool{float:right;font-size:9pt;font-weight:normal;line-height:6.5mm}
 .overall.ng{background:#fbd5d5}
 .overall.open{background:#fdf0c4}
-.overall.open strong::after{content:" / open"}
-#ja:checked~main .overall.open strong::after{content:""}
+.overall strong .en{font-size:inherit;font-weight:inherit;color:inherit;margin:0}
 .alarm,.errors{border:0.7mm solid #c00000;padding:1.2mm 2mm;margin:1mm 0 2mm}
 .alarm{color:#a00000;font-weight:bold}
 .errors ul{margin:0.5mm 0;padding-left:4mm}
@@ -103,7 +103,7 @@ sup[data-note]{font-weight:normal;font-size:6.2pt;margin-left:0.5mm;vertical-ali
 .dense td,.dense th{padding-top:0.2mm;padding-bottom:0.2mm}
 .dense{font-size:7.5pt}
 .dense thead .en,.dense .unit{display:inline;font-size:6.2pt}
-.unit{margin-left:0.6mm}
+.unit{margin-left:0.6mm;white-space:nowrap}
 .tight{margin-bottom:1mm}
 .tight tbody td,.tight tbody th{padding-top:0;padding-bottom:0;line-height:1.2}
 .tight.wide tbody{font-size:7.1pt}
@@ -116,6 +116,7 @@ sup[data-note]{font-weight:normal;font-size:6.2pt;margin-left:0.5mm;vertical-ali
 .detail thead th{font-size:6.8pt}
 .detail .en{font-size:6pt}
 .narrow{width:150mm}
+.terms .sum td{font-size:6.5pt;overflow-wrap:normal}
 .terms td:nth-of-type(4),.terms td:nth-of-type(9){border-left-width:0.5mm}
 .terms .sum td:nth-of-type(1),.terms .sum td:nth-of-type(6){border-left-width:0.5mm}
 .terms .sum td:nth-of-type(4),.terms .sum td:nth-of-type(9){border-left-width:0.2mm}
@@ -147,6 +148,7 @@ tr.error td,tr.error th{background:#fbd5d5;-webkit-print-color-adjust:exact;prin
 tr.warning td,tr.warning th{background:#fff6cf;-webkit-print-color-adjust:exact;print-color-adjust:exact}
 .input .line code{white-space:pre-wrap}
 .input div{font-size:7.5pt}
+.input td,.input th{padding-top:0.3mm;padding-bottom:0.3mm}
 .warned{color:#6b4e00}
 div.wrong{color:#a00000;font-weight:bold}
 tr.wrong td{background:#fbd5d5;-webkit-print-color-adjust:exact;print-color-adjust:exact}

@@ -18,8 +18,9 @@ namespace {
 constexpr double kGreatestHeight = 31000.0;   // mm, of a building on Route 2
 constexpr double kGreatestSlenderness = 4.0;  // height over width
 
-std::string_view WordOf(CodeVerdict verdict) {
-    return verdict == CodeVerdict::kUndetermined ? "未確定" : TextOf(verdict);
+std::string WordOf(CodeVerdict verdict) {
+    if (verdict != CodeVerdict::kUndetermined) return TextOf(verdict);
+    return "未確定" + Element("span", {{"class", "en"}, {"lang", "en"}}, " / open");
 }
 
 std::string_view ClassOf(CodeVerdict verdict) {
@@ -42,13 +43,13 @@ std::string OverallBox(const Findings& findings) {
     const CodeVerdict code = findings.verdict.code;
     std::string html = "<p class=\"" + std::string(ClassOf(code)) + "\">";
     html += InBoth(Text("verdict:")) + " <strong data-figure=\"verdict.code\">" +
-            std::string(WordOf(code)) + "</strong>";
+            WordOf(code) + "</strong>";
     // A sheet without anything to be looked at says OK and no more.
-    const bool isClean = code == CodeVerdict::kOk && errors == "0" && warnings == "0";
-    if (!isClean)
+    const bool isOk = code == CodeVerdict::kOk;
+    const Words counts = isOk ? Text("warnings alone") : Text("errors and warnings");
+    if (!isOk || warnings != "0")
         html += Element("span", {{"class", "counts"}},
-                        InBoth(Filled(Text("errors and warnings"),
-                                      {{"errors", errors}, {"warnings", warnings}})));
+                        InBoth(Filled(counts, {{"errors", errors}, {"warnings", warnings}})));
     html += Element("span", {{"class", "tool"}},
                     InBoth(Text("tool:")) + " <span data-figure=\"verdict.tool\">" +
                         TextInSheet(findings.verdict.tool) + "</span>");
@@ -217,7 +218,7 @@ std::string Relief(const Sheet& sheet) {
 }
 
 std::string SummaryTable(const Sheet& sheet, NoteList& notes) {
-    Table table("T1", {}, {37, 15, 19.5, 9, 12.5, 15.5, 18, 19.5, 9, 12.5, 15.5, 18}, "short");
+    Table table("T1", {}, {35, 14, 19, 11, 13.5, 16, 17.5, 19, 11, 13.5, 16, 17.5}, "short");
     std::vector<HeadCell> groups{{Text("check"), {}, 1, 2}, {Text("rule"), {}, 1, 2}};
     std::vector<FilledWords> names;
     for (const std::size_t axis : {kX, kZ})

@@ -100,23 +100,34 @@ void Table::HeadRow(const std::vector<HeadCell>& cells) {
 }
 
 void Table::Row(std::string_view cells, std::string_view attributes) {
-    rows_ += "<tr";
-    rows_ += attributes;
-    rows_ += '>';
-    rows_ += cells;
-    rows_ += "</tr>\n";
+    rows_.push_back(Concat({"<tr", attributes, ">", cells, "</tr>\n"}));
 }
 
 void Table::Together(const std::vector<std::string>& rowsOfCells) {
     CloseRows();
     for (const std::string& cells : rowsOfCells)
         Row(cells);
-    groups_ += "<tbody class=\"together\">\n" + rows_ + "</tbody>\n";
-    rows_.clear();
+    CloseRows("<tbody class=\"together\">\n");
 }
 
-void Table::CloseRows() {
-    if (!rows_.empty()) groups_ += "<tbody>\n" + rows_ + "</tbody>\n";
+void Table::SumRow(std::string_view cells) {
+    std::string last;
+    if (!rows_.empty()) {
+        last = std::move(rows_.back());
+        rows_.pop_back();
+    }
+    CloseRows();
+    if (!last.empty()) rows_.push_back(std::move(last));
+    Row(cells, " class=\"sum\"");
+    CloseRows("<tbody class=\"together\">\n");
+}
+
+void Table::CloseRows(std::string_view open) {
+    if (rows_.empty()) return;
+    groups_ += open;
+    for (const std::string& row : rows_)
+        groups_ += row;
+    groups_ += "</tbody>\n";
     rows_.clear();
 }
 

@@ -54,19 +54,19 @@ public:
     /// Rows that stay on one page, such as those of one story.
     void Together(const std::vector<std::string>& rowsOfCells);
 
-    /// A row that sums up the rows before it.
-    void SumRow(std::string_view cells) { Row(cells, " class=\"sum\""); }
+    /// A row that sums up the rows before it; the last of them stays on its page.
+    void SumRow(std::string_view cells);
 
     /// The whole table.
     std::string Html();
 
 private:
-    void CloseRows();
+    void CloseRows(std::string_view open = "<tbody>\n");
 
     std::string open_;
     std::string head_;
     std::string groups_;  ///< of rows that are complete
-    std::string rows_;    ///< of the group that is open
+    std::vector<std::string> rows_;  ///< of the group that is open
 };
 
 // Cells. Texts are HTML, unless they are said to be anything else.

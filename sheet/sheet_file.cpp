@@ -1,0 +1,79 @@
+#include "sheet/sheet_file.h"
+
+#include <cstdio>
+
+#include "platform/file_facts.h"
+#include "platform/sha256.h"
+#include "platform/stdio_file.h"
+#include "platform/system_name.h"
+#include "route2/report_paths.h"
+#include "sheet/input_as_read.h"
+
+namespace {
+
+// A name in UTF-8, as pages have it.
+SheetFile Described(const std::string& path, bool tellsTime) {
+    SheetFile file;
+    file.path = path;
+    const FileFacts facts = FactsOfFile(path);
+    file.size = facts.size;
+    if (tellsTime) file.modified = facts.modified;
+    file.sha256 = Sha256OfFile(path);
+    return file;
+}
+
+// Of a report that this run has not written: its name alone.
+SheetFile DescribedReport(const std::string& path, bool isWritten, bool tellsTime) {
+    if (isWritten) return Described(path, tellsTime);
+    SheetFile file;
+    file.path = path;
+    return file;
+}
+
+std::string ReadText(const std::string& path) {
+    const StdioFile file(std::fopen(path.c_str(), "rb"));
+    std::string text;
+    if (!file) return text;
+    char buffer[16384];
+    while (const std::size_t read = std::fread(buffer, 1, sizeof buffer, file.get()))
+        text.append(buffer, read);
+    return text;
+}
+
+// "2026-11-21T20:24:05+09:00" as "2026-11-21 20:24:05 +09:00".
+std::string SpacedTime(std::string time) {
+    constexpr std::size_t kDate = 10;
+    constexpr std::size_t kTime = 19;
+    if (time.size() <= kTime || time[kDate] != 'T') return time;
+    time[kDate] = ' ';
+    return time.insert(kTime, " ");
+}
+
+}  // namespace
+
+SheetContent FormSheetContent(const Findings& findings, const InputCheck& input,
+                              const SheetSources& sources) {
+    const bool tellsTime = !sources.dateIsGiven;
+    const bool hasResults = findings.end.resultsWritten;
+    SheetContent content;
+    content.findings = findings;
+    content.run = sources.run;
+    content.program = sources.program;
+    if (tellsTime) content.platform = kSystemName;
+    content.made = tellsTime ? SpacedTime(sources.run.made) : sources.run.made;
+    content.hostModelPath = sources.hostModelPath;
+    content.commandLine = sources.commandLine;
+    content.model = Described(sources.run.modelPath, tellsTime);
+    content.input = Described(sources.run.inputPath, tellsTime);
+    content.results = DescribedReport(sources.resultsPath, hasResults, tellsTime);
+    content.log = Described(sources.logPath, tellsTime);
+    content.inputAsRead = FormInputAsRead(input, findings);
+    content.sheetLines = SheetLinesOf(input.text);
+    content.options = sources.options;
+    if (hasResults) content.resultsText = ReadText(sources.resultsPath);
+    return content;
+}
+
+std::string SheetPath(const std::string& modelPath) {
+    return ReportStem(modelPath) + "aijR2Sheet.html";
+}
