@@ -34,7 +34,7 @@ constexpr std::size_t kMostStoriesOnFirstPage = 8;
 // How high the building may be drawn so that the first page holds everything up to the tables.
 double HeightLimit(std::size_t stories) {
     if (stories > kMostStoriesOnFirstPage) return kGreatestHeight;
-    return std::clamp(72.0 - 7.6 * static_cast<double>(stories), kSmallestHeight, kGreatestHeight);
+    return std::clamp(70.0 - 7.6 * static_cast<double>(stories), kSmallestHeight, kGreatestHeight);
 }
 
 // --- What is drawn -------------------------------------------------------------------------------

@@ -73,7 +73,7 @@ std::string Defaults(const InputAsRead& input) {
     for (const InputLineNote& note : input.defaults)
         items += Element("li", {}, OutsideTextInBoth({note.ja, note.en}));
     if (items.empty()) return {};
-    return "<p class=\"small\">" + InBoth(Text("defaults")) + "</p><ul class=\"method\">" + items +
+    return "<p class=\"small\">" + InBoth(Text("defaults")) + "</p><ul class=\"method few\">" + items +
            "</ul>\n";
 }
 
@@ -94,7 +94,7 @@ std::string AllowableLines(const Sheet& sheet) {
         if (!isUsual) items += Element("li", {}, InBoth(words));
     }
     if (items.empty()) return {};
-    return "<p class=\"small\">" + InBoth(Text("allowable values")) + "</p><ul class=\"method\">" +
+    return "<p class=\"small\">" + InBoth(Text("allowable values")) + "</p><ul class=\"method few\">" +
            items + "</ul>\n";
 }
 

@@ -38,11 +38,11 @@ table{width:100%;border-collapse:collapse;table-layout:fixed;font-size:8pt;margi
 caption{text-align:left;font-weight:bold;font-size:8.5pt;padding:0.8mm 0 0.5mm;break-after:avoid}
 caption .en{font-weight:normal}
 .quiet caption{position:absolute;width:1px;height:1px;overflow:hidden;clip-path:inset(50%)}
-.columns{columns:2;column-gap:5mm;font-size:7.5pt}
+.columns{columns:2;column-gap:5mm;font-size:7.2pt;line-height:1.3}
 .columns h3{margin-top:1.5mm}
-.columns .method{font-size:7.5pt;padding-left:4.5mm;margin-bottom:1mm}
+.columns .method{font-size:7.2pt;padding-left:4.5mm;margin-bottom:1mm}
 .columns .method li{margin:0.3mm 0}
-.columns table{font-size:7.2pt}
+.columns table{font-size:7pt}
 .columns .formulas{display:block}
 th,td{border:0.2mm solid #666;padding:0.55mm 0.8mm;vertical-align:middle;overflow-wrap:anywhere;text-align:right;font-weight:normal;line-height:1.22}
 thead{display:table-header-group}
@@ -134,6 +134,8 @@ figcaption{text-align:center;font-size:8pt;line-height:1.3}
 svg{vertical-align:middle;font-family:inherit}
 .method{margin:0 0 2mm;padding-left:5mm;font-size:8.5pt}
 .method li{margin:0.5mm 0}
+.few{font-size:7.8pt;columns:2;column-gap:4mm}
+.few li{break-inside:avoid}
 .followed{list-style:none;margin:0 0 2.5mm;padding:0 0 0 2mm;font-size:7.8pt}
 .factors{font-size:8pt;margin-top:2mm}
 .factors ul{margin:0.5mm 0;padding-left:4mm;columns:2;column-gap:4mm}

@@ -218,7 +218,7 @@ std::string Relief(const Sheet& sheet) {
 }
 
 std::string SummaryTable(const Sheet& sheet, NoteList& notes) {
-    Table table("T1", {}, {35, 14, 19, 11, 13.5, 16, 17.5, 19, 11, 13.5, 16, 17.5}, "short");
+    Table table("T1", {}, {37, 14.5, 20, 10, 13, 15.5, 16, 20, 10, 13, 15.5, 16}, "short");
     std::vector<HeadCell> groups{{Text("check"), {}, 1, 2}, {Text("rule"), {}, 1, 2}};
     std::vector<FilledWords> names;
     for (const std::size_t axis : {kX, kZ})
