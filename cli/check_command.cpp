@@ -160,6 +160,18 @@ bool MakeFolder(const std::string& folder) {
 
 }  // namespace
 
+std::optional<QhmContents> ReadRecording(const std::string& modelPath) {
+    try {
+        QhmContents contents = ReadQhmFileWithCautions(modelPath);
+        for (const std::string& caution : contents.cautions)
+            TellCaution(modelPath + ": " + caution);
+        return contents;
+    } catch (const QhmFileError& error) {
+        TellError(error.what());
+        return std::nullopt;
+    }
+}
+
 CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
                         const CheckOptions& options, const FileGuard& guard) {
     if (!MakeFolder(options.reportFolder)) return {{}, kExitUsage};
@@ -186,16 +198,9 @@ ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inp
         TellError(*collision + "; nothing was written");
         return kExitUsage;
     }
-    QhmContents contents;
-    try {
-        contents = ReadQhmFileWithCautions(modelPath);
-    } catch (const QhmFileError& error) {
-        TellError(error.what());
-        return kExitUsage;
-    }
-    for (const std::string& caution : contents.cautions)
-        TellCaution(modelPath + ": " + caution);
-    RecordedHost host(contents.model, modelPath);
+    const std::optional<QhmContents> contents = ReadRecording(modelPath);
+    if (!contents) return kExitUsage;
+    RecordedHost host(contents->model, modelPath);
     const CheckedHost checked{[&host] { return &host; }, modelPath,
                               [&host] { return host.UnlistedAnswers(); }};
     return CheckOnHost(checked, inputPath, options, guard).code;

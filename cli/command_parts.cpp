@@ -23,11 +23,13 @@ void AddNoLint(CLI::App& command, CheckOptions& options) {
 }
 
 void AddFailOn(CLI::App& command, FailOn& failOn) {
-    const std::map<std::string, FailOn> choices{{"code", FailOn::kCode}, {"tool", FailOn::kTool}};
+    const std::map<std::string, FailOn> choices{
+        {"code", FailOn::kCode}, {"tool", FailOn::kTool}, {"never", FailOn::kNothing}};
     command
         .add_option_function<std::string>(
             "--fail-on", [&failOn, choices](const std::string& kind) { failOn = choices.at(kind); },
-            "code or tool: end with 3 when that overall verdict is not OK (PASS)")
+            "code or tool: end with 3 when that overall verdict is not OK (PASS); never, which is the "
+            "default")
         ->check(CLI::IsMember(choices));
 }
 

@@ -16,7 +16,7 @@ void DescribeFile(CLI::App& command, const std::string& name, const std::string&
 /// --no-lint.
 void AddNoLint(CLI::App& command, CheckOptions& options);
 
-/// --fail-on code|tool.
+/// --fail-on code|tool|never.
 void AddFailOn(CLI::App& command, FailOn& failOn);
 
 /// One error line that leads to the help.

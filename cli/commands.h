@@ -18,3 +18,4 @@ Command AddCheck(CLI::App& app);
 Command AddCompare(CLI::App& app);
 Command AddLint(CLI::App& app);
 Command AddRecord(CLI::App& app);
+Command AddSheet(CLI::App& app);

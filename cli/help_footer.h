@@ -13,6 +13,9 @@ Examples:
   quarnel-cli check job.csv
       checks the building that is open in the running host (Windows only); log
       and results go beside the host's model file.
+  quarnel-cli sheet job.qhm job.csv
+      the same run, and job.aijR2Sheet.html: the calculation sheet as one page
+      for the browser, which prints on A4 as it is.
   quarnel-cli lint job.csv job.qhm
       says what a run would make of the input file: traps with their lines and
       what to write, then what a run reads. Writes nothing; --suggest does.

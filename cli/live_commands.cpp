@@ -116,6 +116,11 @@ ExitCode RecordRunningHost(const std::string& inputPath, const std::string& reco
     return checked.code;
 }
 
+ExitCode SheetOfRunningHost(const std::string& inputPath, const SheetRequest& request) {
+    LiveHost host;
+    return SheetOnHost({[&host] { return host.Connect(); }, ""}, inputPath, "", request);
+}
+
 ExitCode LintRunningHost(const LintOptions& options) {
     LiveHost live;
     HostQueries* const host = live.Connect();

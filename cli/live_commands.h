@@ -5,6 +5,7 @@
 #include "cli/check_options.h"
 #include "cli/exit_codes.h"
 #include "cli/lint_command.h"
+#include "cli/sheet_command.h"
 
 /// `quarnel-cli check INPUT.csv`: a run on the running host.
 ExitCode CheckRunningHost(const std::string& inputPath, const CheckOptions& options);
@@ -20,6 +21,9 @@ enum class RecordingScope {
 /// model, writes no file.
 ExitCode RecordRunningHost(const std::string& inputPath, const std::string& recordingPath,
                            RecordingScope scope, const CheckOptions& options);
+
+/// `quarnel-cli sheet INPUT.csv`: a run on the running host, and its sheet.
+ExitCode SheetOfRunningHost(const std::string& inputPath, const SheetRequest& request);
 
 /// `quarnel-cli lint INPUT.csv --host`.
 ExitCode LintRunningHost(const LintOptions& options);

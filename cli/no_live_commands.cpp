@@ -17,6 +17,13 @@ ExitCode RecordRunningHost(const std::string& inputPath, const std::string& reco
     return kExitUsage;
 }
 
+ExitCode SheetOfRunningHost(const std::string& inputPath, const SheetRequest& /*request*/) {
+    TellError("sheet " + inputPath +
+              ": the running host can be reached on Windows only; name a recorded building "
+              "too: sheet MODEL.qhm INPUT.csv");
+    return kExitUsage;
+}
+
 ExitCode LintRunningHost(const LintOptions& options) {
     TellError("lint " + options.inputPath +
               " --host: the running host can be reached on Windows only; name a recorded "

@@ -29,7 +29,7 @@ std::string ListedMembers(const Remark& remark) {
     return Listed(remark.members, [](std::int32_t member) { return IdentifierText(member); });
 }
 
-std::string RemarkTexts(std::string_view ja, std::string_view en) {
+std::string TextsInBoth(std::string_view ja, std::string_view en) {
     return Element("span", {{"class", "ja"}, {"lang", "ja"}}, HtmlText(ja, kLongestRemark)) +
            Element("span", {{"class", "en below"}, {"lang", "en"}}, HtmlText(en, kLongestRemark));
 }
@@ -60,12 +60,12 @@ std::string PlacesOfRemark(const Sheet& sheet, const Remark& remark) {
 }
 
 std::string RemarkInFull(const Remark& remark) {
-    std::string html = "<b>" + HtmlText(remark.id) + "</b> " + RemarkTexts(remark.ja, remark.en);
+    std::string html = "<b>" + HtmlText(remark.id) + "</b> " + TextsInBoth(remark.ja, remark.en);
     if (!remark.members.empty())
         html += Concat({" ", InOne(Text("members:")), " ", ListedMembers(remark)});
     if (!remark.doJa.empty() || !remark.doEn.empty())
         html += Element("span", {{"class", "todo"}},
-                        Concat({"→ ", RemarkTexts(remark.doJa, remark.doEn)}));
+                        Concat({"→ ", TextsInBoth(remark.doJa, remark.doEn)}));
     return html;
 }
 
@@ -94,8 +94,8 @@ std::string RemarkSection(const Sheet& sheet) {
     for (const Remark& remark : remarks)
         table.Row(RowHead(HtmlText(remark.id)) + Cell(InBoth(WordOf(remark.kind)), "kind") +
                       Cell(PlacesOfRemark(sheet, remark)) +
-                      Cell(RemarkTexts(remark.ja, remark.en)) +
-                      Cell(RemarkTexts(remark.doJa, remark.doEn)),
+                      Cell(TextsInBoth(remark.ja, remark.en)) +
+                      Cell(TextsInBoth(remark.doJa, remark.doEn)),
                   " class=\"" + std::string(ClassOf(remark.kind)) + "\" data-remark=\"" +
                       HtmlText(remark.id) + "\"");
     return html + table.Html() + "</section>\n";

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "platform/file_facts.h"
+#include "platform/native_path.h"
 #include "platform/sha256.h"
 #include "platform/stdio_file.h"
 #include "platform/system_name.h"
@@ -11,10 +12,15 @@
 
 namespace {
 
-// A name in UTF-8, as pages have it.
+// As pages have it.
+std::string InUtf8(const std::string& path) {
+    const std::u8string text = NativePath(path).u8string();
+    return {text.begin(), text.end()};
+}
+
 SheetFile Described(const std::string& path, bool tellsTime) {
     SheetFile file;
-    file.path = path;
+    file.path = InUtf8(path);
     const FileFacts facts = FactsOfFile(path);
     file.size = facts.size;
     if (tellsTime) file.modified = facts.modified;
@@ -26,7 +32,7 @@ SheetFile Described(const std::string& path, bool tellsTime) {
 SheetFile DescribedReport(const std::string& path, bool isWritten, bool tellsTime) {
     if (isWritten) return Described(path, tellsTime);
     SheetFile file;
-    file.path = path;
+    file.path = InUtf8(path);
     return file;
 }
 
