@@ -9,7 +9,7 @@ struct CompareOptions {
     bool onlyChanges = false;
 };
 
-/// `quarnel-cli compare A.json B.json [OUT.html]`: prints what has changed from one run to the other,
-/// and writes a page of it where one is wanted. kExitVerdict when a verdict changed.
+/// `quarnel-cli compare A.json B.json [OUT.html]`: prints what has changed from one run to the
+/// other, and writes a page of it where one is wanted. kExitVerdict when a verdict changed.
 ExitCode CompareFigureFiles(const std::string& pathA, const std::string& pathB,
                             const std::string& pagePath, const CompareOptions& options);

@@ -29,8 +29,8 @@ public:
 private:
     void Add(ChangeSection section, std::string what, std::string before, std::string after) {
         const bool isChange = before != after;
-        comparison_.changes.push_back({section, std::move(what), std::move(before),
-                                       std::move(after), "", isChange, false});
+        comparison_.changes.push_back(
+            {section, std::move(what), std::move(before), std::move(after), "", isChange, false});
     }
 
     template <typename CompareStories>
@@ -83,9 +83,8 @@ std::string TextOrNone(const std::optional<ToolVerdict>& verdict) {
 std::string Judged(const std::string& figure, CodeVerdict code,
                    const std::optional<ToolVerdict>& tool) {
     std::string text = figure + " " + TextOf(code);
-    const bool agree =
-        tool && ((*tool == ToolVerdict::kPass && code == CodeVerdict::kOk) ||
-                 (*tool == ToolVerdict::kFail && code == CodeVerdict::kNg));
+    const bool agree = tool && ((*tool == ToolVerdict::kPass && code == CodeVerdict::kOk) ||
+                                (*tool == ToolVerdict::kFail && code == CodeVerdict::kNg));
     if (!agree && tool) text += std::string(" (tool ") + TextOf(*tool) + ")";
     return text;
 }
@@ -141,9 +140,8 @@ void Comparer::CompareModels() {
     ForEachPair([this](const StoryRead& a, const StoryRead& b) {
         const std::string name = StoryName(a, b);
         Add(ChangeSection::kModel, name + ": levels", LevelsOf(a), LevelsOf(b));
-        comparison_.changes.back().isChange =
-            std::abs(a.lowerLevel - b.lowerLevel) > kLevelMoved ||
-            std::abs(a.upperLevel - b.upperLevel) > kLevelMoved;
+        comparison_.changes.back().isChange = std::abs(a.lowerLevel - b.lowerLevel) > kLevelMoved ||
+                                              std::abs(a.upperLevel - b.upperLevel) > kLevelMoved;
         Add(ChangeSection::kModel, name + ": story members", std::to_string(a.storyMembers),
             std::to_string(b.storyMembers));
         Add(ChangeSection::kModel, name + ": weight above (kN)",
@@ -173,8 +171,7 @@ void Comparer::AddCheck(const std::string& what, const std::string& before,
 }
 
 // How far G and R have moved across the direction, where that is what the modulus is about.
-std::string Comparer::MovedCenters(const StoryRead& a, const StoryRead& b,
-                                   std::size_t axis) const {
+std::string Comparer::MovedCenters(const StoryRead& a, const StoryRead& b, std::size_t axis) const {
     const std::size_t across = 1 - axis;
     const std::string plan =
         across == 0 ? "x" : std::string(1, b_.secondDirection == "Z" ? 'z' : 'y');
@@ -183,8 +180,8 @@ std::string Comparer::MovedCenters(const StoryRead& a, const StoryRead& b,
         if (!from || !to || !(std::abs(*to - *from) >= kCenterMoved)) return;
         if (!text.empty()) text += ", ";
         text += std::string(name) + " moved " +
-                NumberText(std::abs(*to - *from), kCoordinateFormat, kTerminalNumbers) +
-                " mm in " + plan;
+                NumberText(std::abs(*to - *from), kCoordinateFormat, kTerminalNumbers) + " mm in " +
+                plan;
     };
     add("G", a.gravityCenter[across], b.gravityCenter[across]);
     add("R", a.rigidityCenter[across], b.rigidityCenter[across]);

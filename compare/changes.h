@@ -15,9 +15,9 @@ struct Change {
     std::string what;    ///< "story 2, Y: eccentricity"
     std::string before;  ///< "0.535 NG"; empty: there is none
     std::string after;
-    std::string note;         ///< why, where the figures say: "R moved 2610 mm in x"
-    bool isChange = false;    ///< false: the same within the tolerance
-    bool isVerdict = false;   ///< a verdict has changed, come or gone
+    std::string note;        ///< why, where the figures say: "R moved 2610 mm in x"
+    bool isChange = false;   ///< false: the same within the tolerance
+    bool isVerdict = false;  ///< a verdict has changed, come or gone
 };
 
 struct Comparison {

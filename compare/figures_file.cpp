@@ -73,15 +73,14 @@ std::array<FigureRead, 2> ReadPair(JsonReader& reader) {
 
 DirectionRead ReadDirection(JsonReader& reader) {
     DirectionRead read;
-    const Readers worst{
-        {"member",
-         [&] {
-             if (!reader.ReadNull()) read.worstMember = reader.ReadInteger();
-         }},
-        {"drift_mm", [&] { read.worstDrift = ReadFigure(reader); }},
-        {"angle", [&] { read.angle = ReadFigure(reader); }},
-        {"allowable", [&] { read.angleLimit = ReadValue(reader); }},
-        {"code", [&] { read.angleCode = ReadCode(reader); }}};
+    const Readers worst{{"member",
+                         [&] {
+                             if (!reader.ReadNull()) read.worstMember = reader.ReadInteger();
+                         }},
+                        {"drift_mm", [&] { read.worstDrift = ReadFigure(reader); }},
+                        {"angle", [&] { read.angle = ReadFigure(reader); }},
+                        {"allowable", [&] { read.angleLimit = ReadValue(reader); }},
+                        {"code", [&] { read.angleCode = ReadCode(reader); }}};
     ReadKeys(
         reader, "expected the figures of a direction",
         {{"storyShear_kN", [&] { read.shear = ReadFigure(reader); }},
@@ -133,9 +132,8 @@ StoryRead ReadStory(JsonReader& reader) {
 RemarkRead ReadRemark(JsonReader& reader) {
     RemarkRead remark;
     const auto readStories = [&] {
-        reader.ReadArray("expected a list of stories", [&](std::size_t) {
-            remark.stories.push_back(reader.ReadInteger());
-        });
+        reader.ReadArray("expected a list of stories",
+                         [&](std::size_t) { remark.stories.push_back(reader.ReadInteger()); });
     };
     ReadKeys(reader, "expected a remark",
              {{"id", [&] { remark.id = reader.ReadString("expected an id"); }},

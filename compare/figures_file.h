@@ -88,6 +88,6 @@ class FiguresFileError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Reads a file that `--json` wrote. Keys that it does not know are passed over; those that it needs
-/// must be there. Throws FiguresFileError.
+/// Reads a file that `--json` wrote. Keys that it does not know are passed over; those that it
+/// needs must be there. Throws FiguresFileError.
 RunRead ReadFiguresFile(const std::string& path);

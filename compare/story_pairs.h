@@ -11,8 +11,8 @@ struct StoryPair {
     std::optional<std::size_t> b;
 };
 
-/// Stories are the same where both levels lie within 10 mm; of those that find no such partner, where
-/// they have the same number. All others were removed or added. In the order of b's stories, lowest
-/// first; what was removed stands where it was.
+/// Stories are the same where both levels lie within 10 mm; of those that find no such partner,
+/// where they have the same number. All others were removed or added. In the order of b's stories,
+/// lowest first; what was removed stands where it was.
 std::vector<StoryPair> PairStories(const std::vector<StoryRead>& a,
                                    const std::vector<StoryRead>& b);

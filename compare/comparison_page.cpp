@@ -1,0 +1,243 @@
+#include "compare/comparison_page.h"
+
+#include <cmath>
+#include <functional>
+
+#include "compare/comparison_drawings.h"
+#include "report/number_text.h"
+#include "sheet/html.h"
+#include "sheet/page_parts.h"
+#include "sheet/style.h"
+#include "sheet/table.h"
+
+namespace {
+
+// One check of the page: which figure, how it is written, and against what.
+struct PageCheck {
+    const char* key;
+    Words title;
+    FigureRead (*figure)(const DirectionRead&);
+    std::string (*text)(const StoryRead&, const DirectionRead&);
+    CodeVerdict (*code)(const DirectionRead&);
+    std::optional<ToolVerdict> (*tool)(const DirectionRead&);
+    double limit;
+};
+
+std::string AngleText(const StoryRead& story, const DirectionRead& direction) {
+    WorstUprightMember worst;
+    worst.drift = direction.worstDrift;
+    worst.angle = direction.angle;
+    worst.allowable = direction.angleLimit;
+    worst.code = direction.angleCode;
+    return AngleBesideLimitText(worst, story.height).angle;
+}
+
+const PageCheck kChecks[] = {
+    {"angle",
+     {"層間変形角", "Story deformation angle"},
+     [](const DirectionRead& d) { return d.angle; },
+     AngleText,
+     [](const DirectionRead& d) { return d.angleCode; },
+     [](const DirectionRead& d) { return d.angleTool; },
+     kCodeDeformAngle},
+    {"ratio",
+     {"剛性率", "Story stiffness ratio"},
+     [](const DirectionRead& d) { return d.ratio; },
+     [](const StoryRead&, const DirectionRead& d) {
+         return JudgedText(d.ratio, kStiffnessRatioFormat, kCodeStiffnessRatio, d.ratioCode);
+     },
+     [](const DirectionRead& d) { return d.ratioCode; },
+     [](const DirectionRead& d) { return d.ratioTool; },
+     kCodeStiffnessRatio},
+    {"modulus",
+     {"偏心率", "Eccentricity modulus"},
+     [](const DirectionRead& d) { return d.modulus; },
+     [](const StoryRead&, const DirectionRead& d) {
+         return JudgedText(d.modulus, kModulusFormat, kCodeEccentricityModulus, d.modulusCode);
+     },
+     [](const DirectionRead& d) { return d.modulusCode; },
+     [](const DirectionRead& d) { return d.modulusTool; },
+     kCodeEccentricityModulus},
+};
+
+class Page {
+public:
+    Page(const RunRead& a, const RunRead& b, const Comparison& comparison)
+        : a_(a), b_(b), comparison_(comparison) {}
+
+    std::string Body() const {
+        std::string html = Element("h1", {}, InBoth({"計算結果の比較", "Two runs compared"}));
+        html += Runs();
+        for (const PageCheck& check : kChecks)
+            html += Check(check);
+        html += Plans();
+        return html + OtherChanges();
+    }
+
+private:
+    const StoryRead* OfA(const StoryPair& pair) const {
+        return pair.a ? &a_.stories[*pair.a] : nullptr;
+    }
+    const StoryRead* OfB(const StoryPair& pair) const {
+        return pair.b ? &b_.stories[*pair.b] : nullptr;
+    }
+
+    std::string DirectionOf(std::size_t axis) const { return axis == 0 ? "X" : b_.secondDirection; }
+
+    // "3", or "2 → 3" where the numbers differ.
+    std::string NumberOf(const StoryPair& pair) const {
+        const StoryRead* const a = OfA(pair);
+        const StoryRead* const b = OfB(pair);
+        if (a == nullptr) return std::to_string(b->number);
+        if (b == nullptr || a->number == b->number) return std::to_string(a->number);
+        return std::to_string(a->number) + " → " + std::to_string(b->number);
+    }
+
+    std::string Runs() const;
+    std::string Check(const PageCheck& check) const;
+    std::string CheckTable(const PageCheck& check, std::size_t axis) const;
+    std::string CheckRow(const PageCheck& check, const StoryPair& pair, std::size_t axis) const;
+    std::string Profile(const PageCheck& check, std::size_t axis) const;
+    std::string Plans() const;
+    std::string OtherChanges() const;
+
+    const RunRead& a_;
+    const RunRead& b_;
+    const Comparison& comparison_;
+};
+
+std::string VerdictText(const RunRead& run) {
+    return std::string(TextInSheet(run.code)) + " (" + std::string(TextInSheet(run.tool)) + ")";
+}
+
+std::string Page::Runs() const {
+    Table table("runs", {"2つの計算", "The two runs"}, {2.0, 5.0, 5.0}, "text");
+    table.HeadRow({{{"項目", "Item"}}, {{"A", "A"}}, {{"B", "B"}}});
+    const auto row = [&table](Words label, const std::string& a, const std::string& b) {
+        table.Row(RowHead(InBoth(label)) + Cell(HtmlText(a)) + Cell(HtmlText(b)));
+    };
+    row({"ファイル", "File"}, a_.path, b_.path);
+    row({"モデル", "Model"}, a_.modelPath, b_.modelPath);
+    row({"入力ファイル", "Input file"}, a_.inputPath, b_.inputPath);
+    row({"作成", "Made"}, a_.made, b_.made);
+    row({"判定(プログラム)", "Verdict (tool)"}, VerdictText(a_), VerdictText(b_));
+    if (!a_.complete || !b_.complete) row({"終了", "Ended early"}, a_.failure, b_.failure);
+    return table.Html();
+}
+
+// How much greater the figure of B is; angles in percent, for 1/N has no difference to be read.
+std::string Difference(const PageCheck& check, const FigureRead& a, const FigureRead& b) {
+    if (!a || !b) return kNoFigure;
+    const bool isAngle = check.figure == kChecks[0].figure;
+    if (isAngle && *a == 0.0) return kNoFigure;
+    const double difference = isAngle ? (*b / *a - 1.0) * 100.0 : *b - *a;
+    const NumberFormat format{Rounding::kNearest, isAngle ? 1 : 3};
+    return (difference > 0 ? "+" : "") + NumberText(difference, format) + (isAngle ? " %" : "");
+}
+
+std::string Page::CheckRow(const PageCheck& check, const StoryPair& pair, std::size_t axis) const {
+    const StoryRead* const a = OfA(pair);
+    const StoryRead* const b = OfB(pair);
+    const auto cell = [&](const StoryRead* story) {
+        return NumberCell(story == nullptr ? kNoFigure
+                                           : check.text(*story, story->directions.at(axis)));
+    };
+    const auto figure = [&](const StoryRead* story) {
+        return story == nullptr ? FigureRead() : check.figure(story->directions.at(axis));
+    };
+    const auto verdict = [&](const StoryRead* story) {
+        if (story == nullptr) return std::string(kNoFigure);
+        const DirectionRead& direction = story->directions.at(axis);
+        return std::string(TextInSheet(check.code(direction))) + " (" +
+               std::string(TextInSheet(check.tool(direction))) + ")";
+    };
+    const std::string before = verdict(a);
+    const std::string after = verdict(b);
+    return StoryHead(NumberOf(pair)) + cell(a) + cell(b) +
+           NumberCell(Difference(check, figure(a), figure(b))) +
+           (before == after ? Cell(before, "c")
+                            : Cell(Element("strong", {}, before + " → " + after), "c"));
+}
+
+std::string Page::CheckTable(const PageCheck& check, std::size_t axis) const {
+    const std::string direction = DirectionOf(axis);
+    const FilledWords caption{std::string(check.title.ja) + " " + direction + "方向",
+                              std::string(check.title.en) + ", direction " + direction};
+    Table table(check.key, caption, {1.5, 2.0, 2.0, 2.0, 4.5},
+                KeptTogether(comparison_.stories.size()));
+    table.HeadRow({{{"階", "Story"}},
+                   {{"A", "A"}},
+                   {{"B", "B"}},
+                   {{"差", "Difference"}},
+                   {{"判定(プログラム)", "Verdict (tool)"}}});
+    for (auto pair = comparison_.stories.rbegin(); pair != comparison_.stories.rend(); ++pair)
+        table.Row(CheckRow(check, *pair, axis));
+    return table.Html();
+}
+
+std::string Page::Profile(const PageCheck& check, std::size_t axis) const {
+    const std::string direction = DirectionOf(axis);
+    const FilledWords title{std::string(check.title.ja) + " " + direction + "方向",
+                            std::string(check.title.en) + ", " + direction};
+    ComparedProfile profile{title, {}, {}, {}, check.limit};
+    const auto figure = [&](const StoryRead* story) {
+        return story == nullptr ? FigureRead() : check.figure(story->directions.at(axis));
+    };
+    for (const StoryPair& pair : comparison_.stories) {
+        profile.stories.push_back(NumberOf(pair));
+        profile.a.push_back(figure(OfA(pair)));
+        profile.b.push_back(figure(OfB(pair)));
+    }
+    return Element("figure", {}, ProfileDrawing(profile));
+}
+
+std::string Page::Check(const PageCheck& check) const {
+    std::string html = Element("h2", {}, InBoth(check.title));
+    for (const std::size_t axis : {std::size_t{0}, std::size_t{1}})
+        html += CheckTable(check, axis);
+    for (const std::size_t axis : {std::size_t{0}, std::size_t{1}})
+        html += Profile(check, axis);
+    return html;
+}
+
+std::string Page::Plans() const {
+    std::string html = Element("h2", {}, InBoth({"重心と剛心", "Centres of gravity and rigidity"}));
+    for (auto pair = comparison_.stories.rbegin(); pair != comparison_.stories.rend(); ++pair)
+        html += Element("figure", {}, PlanDrawing(OfA(*pair), OfB(*pair), b_.secondDirection));
+    return html;
+}
+
+std::string Page::OtherChanges() const {
+    Table table("changes", {"入力・モデル・備考の変更", "Changes of input, model and remarks"},
+                {3.0, 4.5, 4.5}, "text");
+    table.HeadRow({{{"項目", "Item"}}, {{"A", "A"}}, {{"B", "B"}}});
+    bool isEmpty = true;
+    for (const ::Change& change : comparison_.changes) {
+        if (!change.isChange || change.section == ChangeSection::kChecks) continue;
+        isEmpty = false;
+        table.Row(RowHead(HtmlText(change.what)) + Cell(HtmlText(change.before)) +
+                  Cell(HtmlText(change.after)));
+    }
+    const std::string heading = Element("h2", {}, InBoth({"その他の変更", "Other changes"}));
+    if (isEmpty) return heading + SmallPrint({"なし", "None"});
+    return heading + table.Html();
+}
+
+std::string Style() {
+    std::string style(kSheetStyle);
+    constexpr std::string_view kFoot = "PAGE_FOOT";
+    if (const std::size_t at = style.find(kFoot); at != std::string::npos)
+        style.replace(at, kFoot.size(), "Quarnel");
+    return style;
+}
+
+}  // namespace
+
+std::string ComparisonPage(const RunRead& a, const RunRead& b, const Comparison& comparison) {
+    return "<!DOCTYPE html>\n<html lang=\"ja\">\n<head>\n<meta charset=\"utf-8\">\n"
+           "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
+           "'unsafe-inline'\">\n<meta name=\"viewport\" content=\"width=device-width\">\n"
+           "<title>Quarnel: A – B</title>\n<style>" +
+           Style() + "</style>\n</head>\n<body>\n<main>\n" + Page(a, b, comparison).Body() +
+           "</main>\n</body>\n</html>\n";
+}
