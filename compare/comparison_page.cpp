@@ -132,7 +132,10 @@ std::string Difference(const PageCheck& check, const FigureRead& a, const Figure
     if (isAngle && *a == 0.0) return kNoFigure;
     const double difference = isAngle ? (*b / *a - 1.0) * 100.0 : *b - *a;
     const NumberFormat format{Rounding::kNearest, isAngle ? 1 : 3};
-    return (difference > 0 ? "+" : "") + NumberText(difference, format) + (isAngle ? " %" : "");
+    std::string text(difference > 0 ? "+" : "");
+    text += NumberText(difference, format);
+    if (isAngle) text += " %";
+    return text;
 }
 
 std::string Page::CheckRow(const PageCheck& check, const StoryPair& pair, std::size_t axis) const {

@@ -20,3 +20,11 @@ std::string Utf8Text(const std::string& narrow) {
     return narrow;
 #endif
 }
+
+std::string NarrowOfUtf8(const std::string& utf8) {
+#ifdef _WIN32
+    return NarrowText(WideTextOfUtf8(utf8).c_str());
+#else
+    return utf8;
+#endif
+}

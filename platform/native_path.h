@@ -16,3 +16,7 @@ std::filesystem::path NativePath(const std::string& narrow);
 
 /// The same path, or any other narrow text of the command line, in UTF-8.
 std::string Utf8Text(const std::string& narrow);
+
+/// UTF-8 as a narrow text of this system. Characters that the narrow code page lacks become its
+/// replacement character.
+std::string NarrowOfUtf8(const std::string& utf8);
