@@ -34,8 +34,7 @@ void AddDetail(CLI::App& check, CheckOptions& options) {
 }
 
 void AddFiles(CLI::App& check, CheckOptions& options) {
-    check.add_option("--reports", options.reportFolder,
-                     "put log and results into this folder, named after model and input file");
+    AddReports(check, options);
     FigureFiles& files = options.figureFiles;
     check.add_option("--json", files.json, "write the figures as JSON to this file");
     check.add_option("--table", files.table,

@@ -174,7 +174,7 @@ std::optional<QhmContents> ReadRecording(const std::string& modelPath) {
 
 CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
                         const CheckOptions& options, const FileGuard& guard) {
-    if (!MakeFolder(options.reportFolder)) return {{}, kExitUsage};
+    if (!MakeFolder(options.reportFolder)) return {{}, {}, kExitUsage};
     const InputCheck input = CheckInputFile(inputPath);
     if (options.lintsInput == LintsInput::kYes)
         CautionAboutInput(input, inputPath, options.detail == Detail::kQuiet);
@@ -187,7 +187,7 @@ CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
     CautionAboutReports(reports, outcome);
     if (!outcome.complete) TellWhyItEnded(outcome);
     const ExitCode code = CodeOf(outcome, areFiguresLeft, options.failOn);
-    return {std::move(outcome), code};
+    return {std::move(outcome), reports, code};
 }
 
 ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath,

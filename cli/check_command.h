@@ -30,6 +30,7 @@ struct CheckedHost {
 
 struct CheckResult {
     RunOutcome outcome;
+    ReportPaths reports;
     ExitCode code = kExitEndedEarly;
 };
 

@@ -16,6 +16,11 @@ void DescribeFile(CLI::App& command, const std::string& name, const std::string&
         name, [](const std::string&) {}, description));
 }
 
+void AddReports(CLI::App& command, CheckOptions& options) {
+    command.add_option("--reports", options.reportFolder,
+                       "put log and results into this folder, named after model and input file");
+}
+
 void AddNoLint(CLI::App& command, CheckOptions& options) {
     command.add_flag_callback(
         "--no-lint", [&options] { options.lintsInput = LintsInput::kNo; },

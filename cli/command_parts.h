@@ -16,6 +16,9 @@ void DescribeFile(CLI::App& command, const std::string& name, const std::string&
 /// --no-lint.
 void AddNoLint(CLI::App& command, CheckOptions& options);
 
+/// --reports DIR.
+void AddReports(CLI::App& command, CheckOptions& options);
+
 /// --fail-on code|tool|never.
 void AddFailOn(CLI::App& command, FailOn& failOn);
 

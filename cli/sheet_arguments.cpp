@@ -80,12 +80,14 @@ Command AddSheet(CLI::App& app) {
                  "and results");
     const auto request = std::make_shared<SheetRequest>();
     AddLook(*sheet, request->sheet);
+    AddReports(*sheet, request->check);
     sheet->add_option("--date", request->check.date,
                       "what the sheet says as the time it was made; without it, now");
     sheet->add_option("--json", request->check.figureFiles.json,
                       "write the figures as JSON to this file");
     sheet->add_flag("--open", request->opens, "open the sheet in the browser (Windows)");
     AddFailOn(*sheet, request->check.failOn);
+    AddNoLint(*sheet, request->check);
     return {sheet, [sheet, request](const std::vector<std::string>& files) {
                 request->commandLine = CommandLineOf(*sheet, files);
                 return MakeSheet(files, *request);

@@ -10,14 +10,16 @@
 #include "platform/one_line.h"
 #include "platform/open_file.h"
 #include "platform/whole_file.h"
-#include "route2/report_paths.h"
 #include "sheet/sheet.h"
 #include "sheet/sheet_file.h"
 
 namespace {
 
-std::string SheetPathFor(const SheetRequest& request, const std::string& modelPath) {
-    return request.sheetPath.empty() ? SheetPath(modelPath) : request.sheetPath;
+std::string SheetPathFor(const SheetRequest& request, const std::string& modelPath,
+                         const std::string& inputPath) {
+    if (!request.sheetPath.empty()) return request.sheetPath;
+    const std::string& folder = request.check.reportFolder;
+    return SheetPath(folder.empty() ? modelPath : NameOfReportsIn(folder, modelPath, inputPath));
 }
 
 // Where the sheet goes is known once the host has named its model.
@@ -25,14 +27,15 @@ FileGuard GuardFor(const SheetRequest& request) {
     return [&request](const RunFiles& files) {
         std::vector<NamedFile> written = OutputsOf(request.check);
         written.push_back(
-            {"the sheet", SheetPathFor(request, files.model), NamedFile::Use::kWritten});
+            {"the sheet", SheetPathFor(request, files.model, files.input), NamedFile::Use::kWritten});
         return RequireAllDistinct(std::move(written))(files);
     };
 }
 
 SheetSources SourcesOf(const CheckedHost& host, const std::string& inputPath,
                        const std::string& hostModelPath, const SheetRequest& request,
-                       const RunOutcome& outcome) {
+                       const CheckResult& checked) {
+    const RunOutcome& outcome = checked.outcome;
     const bool fromRecording = !host.recordingPath.empty();
     const RunSource source{fromRecording ? host.recordingPath : outcome.modelPath, fromRecording};
     SheetSources sources;
@@ -41,8 +44,8 @@ SheetSources SourcesOf(const CheckedHost& host, const std::string& inputPath,
     sources.program = "quarnel-cli";
     sources.commandLine = request.commandLine;
     sources.hostModelPath = hostModelPath;
-    sources.logPath = LogPath(outcome.modelPath);
-    sources.resultsPath = ResultPath(outcome.modelPath);
+    sources.logPath = checked.reports.logFile;
+    sources.resultsPath = checked.reports.resultFile;
     sources.options = request.sheet;
     return sources;
 }
@@ -63,25 +66,26 @@ bool WriteSheet(const Findings& findings, const SheetSources& sources, const std
 
 ExitCode SheetOnHost(const CheckedHost& host, const std::string& inputPath,
                      const std::string& hostModelPath, const SheetRequest& request) {
-    const auto [outcome, code] = CheckOnHost(host, inputPath, request.check, GuardFor(request));
-    if (outcome.filesCollide) return code;
-    const std::string path = SheetPathFor(request, outcome.modelPath);
+    const CheckResult checked = CheckOnHost(host, inputPath, request.check, GuardFor(request));
+    const RunOutcome& outcome = checked.outcome;
+    if (outcome.filesCollide) return checked.code;
+    const std::string path = SheetPathFor(request, outcome.modelPath, inputPath);
     if (!outcome.findings) {
         TellError("the sheet is not written: the run ended before it had read the model");
-        return code;
+        return checked.code;
     }
     if (!WriteSheet(*outcome.findings,
-                    SourcesOf(host, inputPath, hostModelPath, request, outcome), path))
+                    SourcesOf(host, inputPath, hostModelPath, request, checked), path))
         return kExitEndedEarly;
     std::cout << "Sheet:   " << OneLine(path) << std::endl;
     if (request.opens && !OpenOnDesktop(path))
         TellCaution(path + ": the sheet is written, but cannot be opened from here");
-    return code;
+    return checked.code;
 }
 
 ExitCode SheetOfRecordedModel(const std::string& modelPath, const std::string& inputPath,
                               const SheetRequest& request) {
-    if (const auto collision = GuardFor(request)(FilesOfRun(inputPath, modelPath))) {
+    if (const auto collision = GuardFor(request)(FilesOfRun(inputPath, modelPath, request.check.reportFolder))) {
         TellError(*collision + "; nothing was written");
         return kExitUsage;
     }

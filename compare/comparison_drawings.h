@@ -15,6 +15,7 @@ struct ComparedProfile {
     std::vector<FigureRead> a;         ///< by story; none where the run has no such story or figure
     std::vector<FigureRead> b;
     double limit = 0.0;
+    std::string limitText;
 };
 std::string ProfileDrawing(const ComparedProfile& profile);
 

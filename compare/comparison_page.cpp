@@ -21,6 +21,7 @@ struct PageCheck {
     CodeVerdict (*code)(const DirectionRead&);
     std::optional<ToolVerdict> (*tool)(const DirectionRead&);
     double limit;
+    const char* limitText;
 };
 
 std::string AngleText(const StoryRead& story, const DirectionRead& direction) {
@@ -39,7 +40,8 @@ const PageCheck kChecks[] = {
      AngleText,
      [](const DirectionRead& d) { return d.angleCode; },
      [](const DirectionRead& d) { return d.angleTool; },
-     kCodeDeformAngle},
+     kCodeDeformAngle,
+     "1/200"},
     {"ratio",
      {"剛性率", "Story stiffness ratio"},
      [](const DirectionRead& d) { return d.ratio; },
@@ -48,7 +50,8 @@ const PageCheck kChecks[] = {
      },
      [](const DirectionRead& d) { return d.ratioCode; },
      [](const DirectionRead& d) { return d.ratioTool; },
-     kCodeStiffnessRatio},
+     kCodeStiffnessRatio,
+     "0.6"},
     {"modulus",
      {"偏心率", "Eccentricity modulus"},
      [](const DirectionRead& d) { return d.modulus; },
@@ -57,7 +60,8 @@ const PageCheck kChecks[] = {
      },
      [](const DirectionRead& d) { return d.modulusCode; },
      [](const DirectionRead& d) { return d.modulusTool; },
-     kCodeEccentricityModulus},
+     kCodeEccentricityModulus,
+     "0.15"},
 };
 
 class Page {
@@ -182,7 +186,7 @@ std::string Page::Profile(const PageCheck& check, std::size_t axis) const {
     const std::string direction = DirectionOf(axis);
     const FilledWords title{std::string(check.title.ja) + " " + direction + "方向",
                             std::string(check.title.en) + ", " + direction};
-    ComparedProfile profile{title, {}, {}, {}, check.limit};
+    ComparedProfile profile{title, {}, {}, {}, check.limit, check.limitText};
     const auto figure = [&](const StoryRead* story) {
         return story == nullptr ? FigureRead() : check.figure(story->directions.at(axis));
     };

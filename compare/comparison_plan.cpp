@@ -10,9 +10,10 @@
 namespace {
 
 constexpr double kWidth = 84.0;  // mm on paper
-constexpr double kHeight = 66.0;
+constexpr double kHeight = 70.0;
 constexpr double kMargin = 9.0;
 constexpr double kHead = 7.0;
+constexpr double kFoot = 9.0;  // for the scale and the axes
 
 // The part of the plan that is drawn, mm of the building.
 struct PlanExtent {
@@ -39,7 +40,7 @@ struct PlanField {
         const double middleX = (extent.left + extent.right) / 2.0;
         const double middleV = (extent.bottom + extent.top) / 2.0;
         return {kWidth / 2.0 + (x - middleX) * scale,
-                kHead + (kHeight - kHead) / 2.0 - (v - middleV) * scale};
+                kHead + (kHeight - kHead - kFoot) / 2.0 - (v - middleV) * scale};
     }
 };
 
@@ -55,7 +56,7 @@ PlanField FieldOf(const StoryRead* a, const StoryRead* b) {
     const double width = std::max(field.extent.right - field.extent.left, 1.0);
     const double height = std::max(field.extent.top - field.extent.bottom, 1.0);
     field.scale =
-        std::min((kWidth - 2.0 * kMargin) / width, (kHeight - kHead - 2.0 * kMargin) / height);
+        std::min((kWidth - 2.0 * kMargin) / width, (kHeight - kHead - kFoot - kMargin) / height);
     return field;
 }
 
@@ -115,7 +116,7 @@ std::string PlanDrawing(const StoryRead* a, const StoryRead* b,
     if (a != nullptr) DrawCenters(svg, field, *a, "A", {kGrey, 0.25}, -1.0);
     if (b != nullptr) DrawCenters(svg, field, *b, "B", {kBlack, 0.35}, 1.0);
     DrawScaleBar(svg, {3.0, kHeight - 3.0}, field.scale, 25.0);
-    DrawAxis(svg, {kWidth - 14.0, kHeight - 4.0}, {1.0, 0.0}, "X");
-    DrawAxis(svg, {kWidth - 14.0, kHeight - 4.0}, {0.0, -1.0}, secondDirection);
+    DrawAxis(svg, {kWidth - 12.0, kHeight - 2.0}, {1.0, 0.0}, "X");
+    DrawAxis(svg, {kWidth - 12.0, kHeight - 2.0}, {0.0, -1.0}, secondDirection);
     return svg.Html();
 }

@@ -46,7 +46,7 @@ void DrawRun(Svg& svg, const Field& field, const std::vector<FigureRead>& figure
     const auto end = [&] {
         if (line.size() > 1) svg.Polyline(line, stroke);
         for (const Point& point : line)
-            svg.Circle(point, stroke.width * 2.0, stroke, stroke.color);
+            svg.Circle(point, stroke.width * 1.4, stroke, stroke.color);
         line.clear();
     };
     for (std::size_t story = 0; story < figures.size(); ++story) {
@@ -85,6 +85,9 @@ std::string ProfileDrawing(const ComparedProfile& profile) {
     svg.Line({kLeft, kTop}, {kLeft, field.Bottom()}, {kBlack, 0.2});
     svg.Line({field.XOf(profile.limit), kTop}, {field.XOf(profile.limit), field.Bottom()},
              kStrokeOfLimit);
+    svg.Text({field.XOf(profile.limit) + 0.8, field.Bottom() + 2.6}, {kSmallestText},
+             HtmlText(profile.limitText));
+    svg.Text({kLeft, field.Bottom() + 2.6}, {kSmallestText, Anchor::kMiddle}, "0");
     DrawRun(svg, field, profile.a, kStrokeOfA);
     DrawRun(svg, field, profile.b, kStrokeOfB);
     return svg.Html();
