@@ -10,9 +10,8 @@
 #include <string>
 
 #include "bench/regular_building.h"
-#include "compute/compute_run.h"
 #include "host/qhm_file.h"
-#include "input/input_file.h"
+#include "input/number_text.h"
 
 namespace {
 

@@ -123,20 +123,14 @@ std::string MemberRow(const Sheet& sheet, const ModelMembers& model, const Membe
 
 std::string SumCells(const StoryFindings& story, std::size_t axis) {
     const DirectionFindings& direction = story.directions[axis];
-    const auto place = [&](std::string_view key) {
-        return FigurePlace{key, story.number, axis, {}};
-    };
-    return FigureCell(place("shearOfStoryMembers_kN"),
-                      NumberText(direction.shearOfStoryMembers, kForceInDetailFormat)) +
-           Cell("") +
-           FigureCell(place("stiffness_kNpmm"),
-                      NumberText(direction.stiffness, kStiffnessInDetailFormat)) +
+    return NumberCell(NumberText(direction.shearOfStoryMembers, kForceInDetailFormat)) + Cell("") +
+           NumberCell(NumberText(direction.stiffness, kStiffnessInDetailFormat)) +
            NumberCell(Moment(direction.stiffnessMoment)) +
            NumberCell(MomentInMetres(direction.torsionalPart));
 }
 
 std::string MemberTable(const Sheet& sheet, const ModelMembers& model, const StoryFindings& story) {
-    std::vector<double> widths{10.5, 12, 10.5, 10.5};
+    std::vector<double> widths{11.5, 12, 10.5, 10.5};
     for (int i = 0; i < 2; ++i)
         widths.insert(widths.end(), {12.5, 11, 13, 14, 16.5});
     Table table("A1", Text("A1 members"), widths, "detail terms");
@@ -283,8 +277,7 @@ std::string AxialTable(const Sheet& sheet, const StoryFindings& story) {
     for (const MemberFindings* const member : shown)
         table.Row(AxialRow(story, member));
     table.SumRow("<th scope=\"row\" colspan=\"3\">" + InBoth(Text("sum")) + "</th>" +
-                 FigureCell({"weightAbove_kN", story.number, {}, {}},
-                            NumberText(story.weightAbove, kForceInDetailFormat)) +
+                 NumberCell(NumberText(story.weightAbove, kForceInDetailFormat)) +
                  NumberCell(MomentInMetres(story.weightMoment[kX])) +
                  NumberCell(MomentInMetres(story.weightMoment[kZ])));
     std::string html = table.Html() + LeftOut(all.size(), shown.size());

@@ -71,6 +71,8 @@ table.head{font-size:7.7pt}
 .overall{border:0.6mm solid #000;padding:0.8mm 3mm;font-size:14pt;font-weight:bold;margin:1mm 0 2mm;line-height:1.2;break-inside:avoid;-webkit-print-color-adjust:exact;print-color-adjust:exact}
 .overall .en{font-size:9pt;font-weight:normal}
 .overall .counts{font-size:11pt;margin-left:4mm}
+.overall .counts .en{font-size:8pt}
+#en:checked~main .overall .counts .en{font-size:11pt}
 .overall .tool{float:right;font-size:9pt;font-weight:normal;line-height:6.5mm}
 .overall.ng{background:#fbd5d5}
 .overall.open{background:#fdf0c4}

@@ -42,6 +42,9 @@ std::string OverallBox(const Findings& findings) {
         CountText(static_cast<std::size_t>(CountOf(findings.remarks, RemarkKind::kWarning)));
     const CodeVerdict code = findings.verdict.code;
     std::string html = "<p class=\"" + std::string(ClassOf(code)) + "\">";
+    html += Element("span", {{"class", "tool"}},
+                    InBoth(Text("tool:")) + " <span data-figure=\"verdict.tool\">" +
+                        TextInSheet(findings.verdict.tool) + "</span>");
     html += InBoth(Text("verdict:")) + " <strong data-figure=\"verdict.code\">" +
             WordOf(code) + "</strong>";
     // A sheet without anything to be looked at says OK and no more.
@@ -50,9 +53,6 @@ std::string OverallBox(const Findings& findings) {
     if (!isOk || warnings != "0")
         html += Element("span", {{"class", "counts"}},
                         InBoth(Filled(counts, {{"errors", errors}, {"warnings", warnings}})));
-    html += Element("span", {{"class", "tool"}},
-                    InBoth(Text("tool:")) + " <span data-figure=\"verdict.tool\">" +
-                        TextInSheet(findings.verdict.tool) + "</span>");
     return html + "</p>\n";
 }
 

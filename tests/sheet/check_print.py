@@ -1,0 +1,117 @@
+#!/usr/bin/env python3
+"""check_print.py QUARNEL_CLI EXAMPLES: calculation sheets as a real browser prints them.
+
+A headless Chromium prints the sheet of each example in each language to A4, with a log of
+everything that it asks the network for. Looked at is what came out: the paper, the number of pages,
+that all text lies between the margins, that Japanese has its letters, that no row of a table is cut
+by the end of a page, and that nobody was asked for anything.
+"""
+
+import json
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+BROWSERS = ("chromium", "chromium-browser", "google-chrome")
+POINTS_PER_MM = 72 / 25.4
+LEFT_MM, RIGHT_MM, PAGE_WIDTH_MM = 20, 12, 210
+MOST_BODY_PAGES = 7  # of a building of up to eight stories
+TOLERANCE_MM = 0.4
+WORD = re.compile(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">(.*?)<')
+
+
+def run(*command):
+    return subprocess.run([str(word) for word in command], capture_output=True, text=True,
+                          check=True, timeout=300).stdout
+
+
+def print_page(browser, page, folder):
+    """The printed sheet and the addresses that the browser asked for on the way."""
+    printed, log = folder / "sheet.pdf", folder / "net.json"
+    for _ in range(2):  # a browser that starts while the machine is busy may give up
+        subprocess.run([browser, "--headless", "--no-sandbox", "--disable-gpu",
+                        "--no-pdf-header-footer", "--disable-background-networking",
+                        "--disable-component-update", "--host-resolver-rules=MAP * ~NOTFOUND",
+                        f"--user-data-dir={folder / 'profile'}", f"--log-net-log={log}",
+                        f"--print-to-pdf={printed}", page.as_uri()],
+                       capture_output=True, check=False, timeout=300)
+        if printed.exists():
+            break
+    asked = re.findall(r'"url":"(https?:[^"]+)"', log.read_text(errors="replace"))
+    return printed, asked
+
+
+def pages_of(printed):
+    info = run("pdfinfo", printed)
+    return (int(re.search(r"Pages:\s+(\d+)", info)[1]),
+            tuple(float(size) for size in re.search(r"Page size:\s+([\d.]+) x ([\d.]+)",
+                                                    info).groups()))
+
+
+def problems_of_pages(printed):
+    for number, page in enumerate(run("pdftotext", "-bbox", printed, "-").split("<page ")[1:], 1):
+        words = [(float(left) / POINTS_PER_MM, float(right) / POINTS_PER_MM, text)
+                 for left, _, right, _, text in WORD.findall(page)]
+        if not words:
+            yield f"page {number} is empty"
+        for left, right, text in words:
+            if left < LEFT_MM - TOLERANCE_MM or right > PAGE_WIDTH_MM - RIGHT_MM + TOLERANCE_MM:
+                yield f"page {number}: {text!r} lies from {left:.1f} to {right:.1f} mm"
+
+
+def body_pages(printed, pages):
+    """Pages before the appendix."""
+    for number in range(1, pages + 1):
+        if re.search(r"^\s*A1\b", run("pdftotext", "-f", number, "-l", number, printed, "-"), re.M):
+            return number - 1
+    return pages
+
+
+def check(cli, browser, model, language, folder):
+    copy = folder / model.name
+    shutil.copy(model, copy)
+    page, figures = folder / "sheet.html", folder / "figures.json"
+    run(cli, "sheet", copy, model.with_suffix(".csv"), page, "--lang", language, "--json", figures)
+    printed, asked = print_page(browser, page, folder)
+    if not printed.exists():
+        yield "the browser printed nothing"
+        return
+    pages, paper = pages_of(printed)
+    stories = len(json.loads(figures.read_text(encoding="utf-8"))["stories"])
+    body = body_pages(printed, pages)
+    print(f"{model.name} {language}: {pages} pages, {body} before the appendix")
+    if any(abs(is_ - should) > 1.5 for is_, should in zip(paper, (595.28, 841.89))):
+        yield f"the paper is {paper}"
+    if stories <= 8 and body > MOST_BODY_PAGES:
+        yield f"{body} pages before the appendix"
+    if asked:
+        yield f"the browser asked for {asked}"
+    fonts = run("pdffonts", printed)
+    if language != "en" and not re.search("CJK|Gothic|Mincho|Meiryo", fonts):
+        yield f"there is no Japanese font:\n{fonts}"
+    if "判定" not in run("pdftotext", printed, "-") and language != "en":
+        yield "no Japanese text was printed"
+    yield from problems_of_pages(printed)
+
+
+def main():
+    cli, examples = Path(sys.argv[1]), Path(sys.argv[2])
+    browser = next((found for name in BROWSERS if (found := shutil.which(name))), None)
+    if browser is None:
+        print("there is no Chromium: install Debian's chromium, or start ./test, which does")
+        return 1
+    problems = []
+    for model in sorted(examples.glob("*.qhm")):
+        for language in ("both", "ja", "en"):
+            with tempfile.TemporaryDirectory() as folder:
+                problems += [f"{model.name} {language}: {problem}"
+                             for problem in check(cli, browser, model, language, Path(folder))]
+    print("\n".join(problems[:40]))
+    return 1 if problems else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
