@@ -4,6 +4,7 @@ windows_packages=(g++-mingw-w64-x86-64-posix gcc-mingw-w64-x86-64-posix mingw-w6
 wine_packages=(wine wine64 xvfb)
 package_packages=(nsis zip unzip pandoc)
 script_packages=(pandoc)
+print_packages=(chromium poppler-utils fonts-noto-cjk)
 analysis_packages=(clang-format clang-tidy cppcheck)
 fuzz_packages=(clang libclang-rt-14-dev llvm)
 coverage_packages=(gcovr)
