@@ -6,11 +6,12 @@
 
 #include "input/line_text.h"
 #include "input/number_text.h"
+#include "platform/utf8_character.h"
 
 namespace {
 
 constexpr std::size_t kMostCharacters = 198;  // of a line that is not cut
-constexpr std::size_t kShownOfARest = 20;     // bytes
+constexpr std::size_t kShownOfARest = 20;     // characters
 
 bool OnlyFirstLineCounts(Keyword keyword) {
     return keyword == Keyword::kFloorLevel || keyword == Keyword::kMemberDeformAngle;
@@ -18,6 +19,19 @@ bool OnlyFirstLineCounts(Keyword keyword) {
 
 bool HasBlock(Keyword keyword) {
     return keyword == Keyword::kStoryMember || IsAllowableKeyword(keyword);
+}
+
+std::string Beginning(const std::string& utf8) {
+    std::string_view rest = utf8;
+    for (std::size_t i = 0; i < kShownOfARest && !rest.empty(); ++i)
+        rest.remove_prefix(FirstUtf8Character(rest).size);
+    return utf8.substr(0, utf8.size() - rest.size()) + (rest.empty() ? "" : "...");
+}
+
+// The value that the codes know for every story.
+std::string_view CodeValueOf(Keyword allowable) {
+    if (allowable == Keyword::kAllowStoryDeformAngle) return "0.005";
+    return allowable == Keyword::kAllowStoryStiffRatio ? "0.6" : "0.15";
 }
 
 // The whole of a story line in lines that are not cut.
@@ -101,6 +115,16 @@ private:
 
     bool IsOpen() const { return state_ == State::kStoryMembers || state_ == State::kAllowables; }
 
+    Keyword OpenKeyword() const {
+        return state_ == State::kStoryMembers ? Keyword::kStoryMember : allowable_;
+    }
+
+    // Story lines that follow were meant for `keyword`; what keeps them from it is told.
+    void GoElsewhere(Keyword keyword) {
+        state_ = State::kElsewhere;
+        areElsewhereMembers_ = keyword == Keyword::kStoryMember;
+    }
+
     // Without a comma and right behind a block's keyword, a line counts as that keyword again.
     bool KeepsBlockOpen() const { return isFresh_ && !line_->HasComma(); }
 
@@ -126,8 +150,7 @@ private:
         if (isInside) return;
         if (blocks_.storyMember != nullptr) {
             findings_.Add(FindingOf(FileRule::kK07FirstCounts, line_->Place()));
-            state_ = State::kElsewhere;
-            return;
+            return GoElsewhere(Keyword::kStoryMember);
         }
         blocks_.storyMember = line_;
         state_ = State::kStoryMembers;
@@ -145,7 +168,7 @@ private:
         CloseEnded();
         if (HasBlock(*meaning_->keyword)) {
             if (state_ == State::kStoryMembers) blocks_.isBlockFoundFaulty = true;
-            state_ = State::kElsewhere;
+            GoElsewhere(*meaning_->keyword);
         } else if (!stays) {
             state_ = State::kOutside;
             if (endsStoryMembers) EndBlock(FileRule::kS04, std::nullopt);
@@ -175,6 +198,7 @@ private:
                 ended_.stories.push_back(meaning_->story);
                 return;
             case State::kElsewhere:
+                if (areElsewhereMembers_) blocks_.namedStories.insert(meaning_->story);
                 return;
             case State::kOutside:
                 break;
@@ -214,17 +238,18 @@ private:
             .Story(meaning_->story)
             .With("s", std::to_string(ToInteger(std::string(fields[0].text))))
             .With("v", NumberText(ToReal(std::string(fields[1].text))))
-            .Write(std::to_string(meaning_->story) + ",0.005");
+            .Write(std::to_string(meaning_->story) + ',' + std::string(CodeValueOf(allowable_)));
     }
 
     void TakeSlippedStoryLine() {
-        const bool isMeantForABlock = IsOpen() || state_ == State::kEnded;
+        const bool isMeantForABlock = state_ != State::kOutside;
         if (isRepeat_ || !isMeantForABlock) return TakeRemark();
         LintFinding slip = FindingOfSlip(*meaning_, *line_, view_.text);
         if (meaning_->story > 0) slip.Story(meaning_->story);
         findings_.Add(std::move(slip));
         const bool isEndedBlock = state_ == State::kEnded && ended_.rule == FileRule::kS04;
-        if (state_ == State::kStoryMembers || isEndedBlock) {
+        const bool isElsewhere = state_ == State::kElsewhere && areElsewhereMembers_;
+        if (state_ == State::kStoryMembers || isEndedBlock || isElsewhere) {
             if (meaning_->story > 0) blocks_.namedStories.insert(meaning_->story);
             blocks_.isBlockFoundFaulty = true;
         }
@@ -235,7 +260,7 @@ private:
         if (*meaning_->slip == FileRule::kS10NoStoryLine)
             EndOpenBlock(std::nullopt);
         else
-            state_ = State::kElsewhere;
+            GoElsewhere(OpenKeyword());
     }
 
     void TakeSlippedFin() {
@@ -304,7 +329,7 @@ private:
         }
         if (state_ == State::kStoryMembers) blocks_.isBlockFoundFaulty = true;
         if (isError)
-            state_ = State::kElsewhere;
+            GoElsewhere(OpenKeyword());
         else
             EndOpenBlock(std::nullopt);
     }
@@ -320,10 +345,8 @@ private:
         const FileRule rule = isTaken  ? FileRule::kF12StoryLine
                               : isList ? FileRule::kF12List
                                        : FileRule::kF12;
-        const bool isLonger = line_->text.size() > kShownOfARest;
         LintFinding finding = FindingOf(rule, head.Place());
-        finding.With("rest", view_.text.Display(line_->text.substr(0, kShownOfARest)) +
-                                 (isLonger ? "..." : ""));
+        finding.With("rest", Beginning(view_.text.Display(line_->text)));
         if (isTaken) {
             finding.With("n", std::to_string(meaning_->story)).Story(meaning_->story);
         }
@@ -342,7 +365,8 @@ private:
     bool isRepeat_ = false;
 
     State state_ = State::kOutside;
-    bool isFresh_ = false;  // no comma since the line of the block's keyword
+    bool areElsewhereMembers_ = false;  // the story lines of kElsewhere name members
+    bool isFresh_ = false;              // no comma since the line of the block's keyword
     Keyword allowable_ = Keyword::kAllowStoryDeformAngle;
     const InputLine* lastAllowable_ = nullptr;  // the story line whose values a bare number repeats
     Ended ended_;

@@ -135,7 +135,7 @@ constexpr LintRule kRules[] = {
 
     {"V01", kError,
      "FloorLevel has no comma at its end, so its last level, {v}, is not read; the top story would "
-     "be missing",
+     "be missing.",
      "FloorLevel の行末にコンマがないため、最後の {v} が読まれない。最上階が欠ける。", "", "",
      kLevels},
     {"V02", kError, "an empty entry is a floor at level 0", "空欄は床レベル 0 とみなされる。", "",

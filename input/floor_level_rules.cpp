@@ -130,7 +130,7 @@ private:
     std::string WithoutEmptyEntries() const {
         std::string line = std::string(NameOf(Keyword::kFloorLevel)) + ',';
         for (std::size_t k = 1; k < fields_.size(); ++k)
-            if (!IsBlank(fields_[k].text))
+            if (!IsBlank(fields_[k].text) && !IsRemark(k))
                 line += view_.text.Display(Trimmed(fields_[k].text)) + ',';
         return line;
     }
@@ -138,9 +138,14 @@ private:
     void CheckLastLevel() {
         if (EndsInAComma()) return;
         const std::string_view last = Trimmed(fields_.back().text);
-        findings_.Add(FindingOf(FileRule::kV01, line_.PlaceOf(last))
+        findings_.Add(FindingOf(FileRule::kV01, fields_.back().place)
                           .With("v", view_.text.Display(last))
                           .Write(WithoutEmptyEntries()));
+    }
+
+    // Behind the last comma, words that are no level.
+    bool IsRemark(std::size_t k) const {
+        return k + 1 == fields_.size() && !BeginsLikeANumber(fields_[k].text);
     }
 
     // The levels that somebody wrote, the last one too when only its comma is missing. False when

@@ -53,7 +53,7 @@ void CheckReportedMembers(const InputView& view, LintFindingList& findings) {
     const std::string_view last = Trimmed(fields.back().text);
     if (last.empty() || line->isContinued) return;
     findings.Add(
-        FindingOf(fields.size() == 2 ? FileRule::kD01Only : FileRule::kD01, line->PlaceOf(last))
+        FindingOf(fields.size() == 2 ? FileRule::kD01Only : FileRule::kD01, fields.back().place)
             .With("m", view.text.Display(last))
             .Write(WithFinalComma(view.text.Display(Trimmed(line->text)))));
 }

@@ -126,10 +126,10 @@ private:
         const std::string_view text = Trimmed(field.text);
         if (text.empty()) return;
         if (!BeginsLikeANumber(text) || text.front() == '.') {
-            findings_.Add(FindingOf(FileRule::kS11, line.PlaceOf(text)));
+            findings_.Add(FindingOf(FileRule::kS11, field.place));
             return;
         }
-        findings_.Add(FindingOf(FileRule::kS01, line.PlaceOf(text))
+        findings_.Add(FindingOf(FileRule::kS01, field.place)
                           .With("m", view_.text.Display(text))
                           .Story(StoryOf(line))
                           .Write(WithFinalComma(view_.text.Display(Trimmed(line.text)))));
@@ -161,11 +161,10 @@ private:
     }
 
     void CheckStoriesWithoutALine() {
-        if (blocks_.memberLines.empty()) {
-            if (!blocks_.isBlockFoundFaulty && blocks_.namedStories.empty())
-                findings_.Add(FindingOf(FileRule::kS05, blocks_.storyMember->Place()));
-            return;
-        }
+        if (blocks_.memberLines.empty() && !blocks_.isBlockFoundFaulty &&
+            blocks_.namedStories.empty())
+            return findings_.Add(FindingOf(FileRule::kS05, blocks_.storyMember->Place()));
+        if (blocks_.namedStories.empty()) return;
         const std::int32_t highest = *blocks_.namedStories.rbegin();
         const auto count = storyCount_ ? static_cast<std::int32_t>(*storyCount_) : highest;
         std::vector<std::int32_t> missing;

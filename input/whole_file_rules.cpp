@@ -77,8 +77,16 @@ struct LinesAfterFin {
     std::size_t firstLine = 0;  // counted from the one after FIN; 0: there is none
 };
 
-LinesAfterFin CountLinesAfterFin(std::string_view text) {
+// The rest of a FIN line that was cut is no line of its own.
+std::string_view WithoutRestOfFin(const InputLines& read) {
+    if (!read.fin.isContinued) return read.afterFin;
+    const std::size_t feed = read.afterFin.find('\n');
+    return feed == std::string_view::npos ? std::string_view() : read.afterFin.substr(feed + 1);
+}
+
+LinesAfterFin CountLinesAfterFin(const InputLines& read) {
     LinesAfterFin count;
+    std::string_view text = WithoutRestOfFin(read);
     for (std::size_t number = 1; !text.empty(); ++number) {
         const std::string_view line = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(text.size(), line.size() + 1));
@@ -92,14 +100,12 @@ LinesAfterFin CountLinesAfterFin(std::string_view text) {
 }
 
 void CheckTextAfterFin(const InputView& view, LintFindingList& findings) {
-    const LinesAfterFin count = CountLinesAfterFin(view.read.afterFin);
+    const LinesAfterFin count = CountLinesAfterFin(view.read);
     if (count.words == 0) return;
     if (IsLongerWord(view.read.fin) && count.keywords > 0)
         return findings.Add(FindingOf(FileRule::kF04, view.read.fin.Place())
                                 .With("k", std::to_string(count.keywords)));
-    // The rest of a line that was cut is no line of its own.
-    const std::size_t line =
-        view.read.fin.number + count.firstLine - (view.read.fin.isContinued ? 1 : 0);
+    const std::size_t line = view.read.fin.number + count.firstLine;
     const FileRule rule = count.keywords > 0 ? FileRule::kF05WithKeywords : FileRule::kF05;
     findings.Add(FindingOf(rule, {line, 0, view.text.Line(line).size()})
                      .With("k", std::to_string(count.words)));

@@ -158,7 +158,10 @@ MemberSearch SearchOf(const ModelView& view) {
 AsRead ReadWithModel(const InputText& text, const ModelView& view) {
     const AijCodeRoute2& engine = view.Engine();
     AsRead asRead = ReadWithoutModel(text).value_or(AsRead{});
-    asRead.floorLevels = SortedDistinctLevels(engine.floorLevels);
+    asRead.secondAxis = view.Second();
+    // Sorted once only: a level that is not a number has no place of its own.
+    asRead.floorLevels = view.EndedBeforeStories() ? SortedDistinctLevels(engine.floorLevels)
+                                                   : engine.floorLevels;
     asRead.storyMembers.emplace();
     asRead.allowLines = {};
     TakeAllowables(text, engine.stories.size(), asRead);

@@ -30,6 +30,7 @@ struct AsRead {
     };
     LoadCase dead;
     std::array<LoadCase, 2> earthquake;  ///< [0] X, [1] Z(or Y)
+    std::optional<char> secondAxis;      ///< of the two, the model's own; without a model nothing
 
     /// mm, ascending, each once. Nothing: they come from a model, and there is none.
     std::optional<std::vector<double>> floorLevels;

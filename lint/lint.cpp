@@ -55,6 +55,17 @@ void CheckAgainst(ModelView& view, const LintModel& model, const InputCheck& che
     CheckResultsOfModel(view, model.name, model.recordedFor, findings);
 }
 
+void AddFindingsAgainst(ModelView& view, const LintModel& model, LintReport& report) {
+    // The file's own rules once more, now that the number of stories is known.
+    if (report.check.meantLevels.levels.empty())
+        report.check = CheckInputText(report.check.text, view.Engine().stories.size());
+    LintFindingList findings;
+    AddFileFindings(view, report.check, findings);
+    CheckAgainst(view, model, report.check, findings);
+    report.findings = findings.Sorted();
+    report.check.findingsLeftOut += findings.LeftOut();
+}
+
 }  // namespace
 
 LintReport LintFile(const std::string& inputPath, WantsSuggestion wantsSuggestion) {
@@ -62,7 +73,7 @@ LintReport LintFile(const std::string& inputPath, WantsSuggestion wantsSuggestio
     report.inputPath = inputPath;
     report.check = CheckInputFile(inputPath);
     report.findings = report.check.findings;
-    if (report.check.isInput) report.asRead = ReadWithoutModel(report.check.text);
+    if (report.check.isRead) report.asRead = ReadWithoutModel(report.check.text);
     if (wantsSuggestion == WantsSuggestion::kYes && report.check.isRead)
         report.suggestion = SuggestInput(report.check, inputPath);
     return report;
@@ -71,17 +82,10 @@ LintReport LintFile(const std::string& inputPath, WantsSuggestion wantsSuggestio
 LintReport LintAgainst(const std::string& inputPath, const LintModel& model,
                        WantsSuggestion wantsSuggestion) {
     LintReport report = LintFile(inputPath, WantsSuggestion::kNo);
-    if (!report.check.isInput) return report;
+    if (!report.check.isRead) return report;
     ModelView view(model.host, report.check, inputPath);
-    // The file's own rules once more, now that the number of stories is known.
-    if (report.check.meantLevels.levels.empty())
-        report.check = CheckInputText(report.check.text, view.Engine().stories.size());
     if (report.asRead) report.asRead = ReadWithModel(report.check.text, view);
-    LintFindingList findings;
-    AddFileFindings(view, report.check, findings);
-    CheckAgainst(view, model, report.check, findings);
-    report.findings = findings.Sorted();
-    report.check.findingsLeftOut += findings.LeftOut();
+    if (report.check.isInput) AddFindingsAgainst(view, model, report);
     if (wantsSuggestion == WantsSuggestion::kYes)
         report.suggestion = SuggestInputFor(view, report.check, inputPath);
     return report;

@@ -14,6 +14,7 @@ constexpr std::string_view kIndent = "    ";
 constexpr std::size_t kLongestShown = 120;  // cells of a line of the file
 constexpr std::size_t kLabelWidth = 30;
 constexpr std::size_t kValueWidth = 36;
+constexpr std::size_t kMostStories = 12;
 
 std::string_view Say(Language language, std::string_view en, std::string_view ja) {
     return language == Language::kJapanese ? ja : en;
@@ -115,7 +116,9 @@ private:
         const auto& [x, second] = asRead_.earthquake;
         std::string from = LineNumber(x.line);
         if (second.line != x.line) from += ", " + LineNumber(second.line);
-        Add(Say("earthquake case X, Z(or Y)", "地震荷重ケース X, Z(Y)"),
+        const std::string axis = asRead_.secondAxis ? std::string(1, *asRead_.secondAxis)
+                                                    : std::string(Say("Z(or Y)", "Z(Y)"));
+        Add(std::string(Say("earthquake case", "地震荷重ケース")) + " X, " + axis,
             std::to_string(x.number) + ", " + std::to_string(second.number), from);
     }
 
@@ -164,16 +167,21 @@ private:
         return text + ')';
     }
 
-    // The value of all stories, or each one's.
+    // Each story's value; of a tall building the first ones.
     template <typename Form>
     std::string Values(const std::vector<double>& values, const Form& form) const {
         if (values.empty()) return std::string(Say("no stories", "階なし"));
-        if (std::ranges::all_of(values, [&](double value) { return value == values.front(); }))
-            return form(values.front());
         std::string text;
-        for (const double value : values)
-            text += (text.empty() ? "" : ", ") + form(value);
+        for (std::size_t i = 0; i < std::min(values.size(), kMostStories); ++i)
+            text += (i == 0 ? "" : ", ") + form(values[i]);
+        if (values.size() > kMostStories)
+            text += ", ... (+" + std::to_string(values.size() - kMostStories) + ")";
         return text;
+    }
+
+    static bool IsSameInEveryStory(const std::optional<std::vector<double>>& values) {
+        return values && !values->empty() &&
+               std::ranges::all_of(*values, [&](double v) { return v == values->front(); });
     }
 
     // 0.005 as 1/200.
@@ -208,10 +216,22 @@ private:
         };
         add(Say("allowable angle", "許容変形角"), asRead_.allowAngle, asRead_.allowLines[0],
             AngleText);
+        if (IsSameInEveryStory(asRead_.allowRatio) && IsSameInEveryStory(asRead_.allowModulus))
+            return AddRatioAndModulus();
         add(Say("allowable ratio", "許容剛性率"), asRead_.allowRatio, asRead_.allowLines[1],
             NumberText);
         add(Say("allowable modulus", "許容偏心率"), asRead_.allowModulus, asRead_.allowLines[2],
             NumberText);
+    }
+
+    void AddRatioAndModulus() {
+        std::vector<std::size_t> lines = asRead_.allowLines[1];
+        lines.insert(lines.end(), asRead_.allowLines[2].begin(), asRead_.allowLines[2].end());
+        std::ranges::sort(lines);
+        Add(Say("allowable ratio, modulus", "許容剛性率, 許容偏心率"),
+            NumberText(asRead_.allowRatio->front()) + ", " +
+                NumberText(asRead_.allowModulus->front()),
+            Lines(lines));
     }
 
     void AddReportedMembers() {

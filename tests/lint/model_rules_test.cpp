@@ -91,8 +91,8 @@ TEST_F(ModelRules, AskForTheGeometryFirst) {
         const bool isResult =
             call.starts_with("GetNodeDisplacements") || call.starts_with("GetMemberEndForces");
         hasAskedForResults = hasAskedForResults || isResult;
-        const bool isGeometry = call.starts_with("GetNodeCoordinates") ||
-                                call.starts_with("GetMemberRotationAngle");
+        const bool isGeometry =
+            call.starts_with("GetNodeCoordinates") || call.starts_with("GetMemberRotationAngle");
         EXPECT_FALSE(isGeometry && hasAskedForResults) << call;
     }
     EXPECT_TRUE(hasAskedForResults);
@@ -180,9 +180,9 @@ TEST(FirstNode, WithoutASupportMakesTheBaseAndIsNamed) {
     const LintReport report = LintAgainst(folder.Write("input.csv", kCases + "FIN\n"),
                                           {host, "tower.qhm", ""}, WantsSuggestion::kNo);
     ASSERT_TRUE(HasFinding(report.findings, "M08"));
-    EXPECT_THAT(MessageOf(FindFinding(report.findings, "M08"), report.check.text,
-                          Language::kEnglish),
-                HasSubstr("the base is -1200 mm because node 77"));
+    EXPECT_THAT(
+        MessageOf(FindFinding(report.findings, "M08"), report.check.text, Language::kEnglish),
+        HasSubstr("the base is -1200 mm because node 77"));
 }
 
 TEST_F(ModelRules, M08NamesALowestLevelThatIsNotTheLowestSupport) {

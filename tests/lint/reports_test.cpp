@@ -41,7 +41,7 @@ nlohmann::json JsonOn(const std::string& text) {
 TEST(TextReport, ShowsTheLineAMarkBelowItAndWhatToWrite) {
     EXPECT_THAT(TextOn(std::string(kCases) + "FloorLevel,0,4500,8100,11700\nFIN\n"),
                 StartsWith("tower.csv:3:24: error V01: FloorLevel has no comma at its end, so its "
-                           "last level, 11700, is not read; the top story would be missing\n"
+                           "last level, 11700, is not read; the top story would be missing.\n"
                            "    FloorLevel,0,4500,8100,11700\n"
                            "                           ^~~~~\n"
                            "  write: FloorLevel,0,4500,8100,11700,\n"));
@@ -150,7 +150,7 @@ TEST(GithubReport, IsOneAnnotationPerFinding) {
     report.inputPath = "jobs/a,b:c.csv";
     EXPECT_EQ(
         "::error file=jobs/a%2Cb%3Ac.csv,line=3,col=19::V01: FloorLevel has no comma at its "
-        "end, so its last level, 7000, is not read; the top story would be missing%0A"
+        "end, so its last level, 7000, is not read; the top story would be missing.%0A"
         "FloorLevel,0,3500,7000,\n",
         GithubReport(report, Language::kEnglish));
 }
