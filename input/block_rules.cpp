@@ -147,12 +147,13 @@ private:
     }
 
     void TakeStoryMemberKeyword(bool isInside) {
-        if (isInside) return;
+        if (isInside) return blocks_.storyMemberKeywords.push_back(line_);
         if (blocks_.storyMember != nullptr) {
             findings_.Add(FindingOf(FileRule::kK07FirstCounts, line_->Place()));
             return GoElsewhere(Keyword::kStoryMember);
         }
         blocks_.storyMember = line_;
+        blocks_.storyMemberKeywords.push_back(line_);
         state_ = State::kStoryMembers;
     }
 

@@ -14,7 +14,8 @@
 
 /// The story lines of an input file by the keyword to which they belong, as its readers take them.
 struct Blocks {
-    const InputLine* storyMember = nullptr;     ///< the keyword's first line
+    const InputLine* storyMember = nullptr;             ///< the keyword's first line
+    std::vector<const InputLine*> storyMemberKeywords;  ///< that line, and repeats within the block
     std::vector<const InputLine*> memberLines;  ///< of the StoryMember block, uncut parts only
     std::set<std::int32_t> namedStories;        ///< stories for which somebody wrote members
     bool isBlockFoundFaulty = false;            ///< another finding says why a block lacks lines

@@ -81,7 +81,9 @@ void LintFindingList::Add(LintFinding finding) {
         AddPlace(first, finding.place);
         AddMissing(first.stories, finding.stories);
         AddMissing(first.members, finding.members);
-    } else if (findings_.size() < kMost) {
+    } else if (std::size_t& kept = kept_[static_cast<std::size_t>(finding.rule->kind)];
+               kept < kMost) {
+        ++kept;
         findings_.push_back(std::move(finding));
     } else {
         positions_.erase(found);

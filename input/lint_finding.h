@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -56,7 +57,8 @@ struct LintFinding {
 /// Findings as they come. The same finding at several places becomes one.
 class LintFindingList {
 public:
-    /// Adds a finding; it is kept up to the number of kMost, then only counted.
+    /// Adds a finding; of each kind kMost are kept, so that no number of notes hides an error, and
+    /// further ones only counted.
     void Add(LintFinding finding);
 
     /// All findings in the order in which they are told: by line, then column; those without a
@@ -70,6 +72,7 @@ private:
     static constexpr std::size_t kMost = 2000;
 
     std::vector<LintFinding> findings_;
+    std::array<std::size_t, 3> kept_{};  ///< by kind
     std::unordered_map<std::string, std::size_t> positions_;  ///< by what is told
     std::size_t leftOut_ = 0;
 };

@@ -21,7 +21,8 @@ public:
         : view_(view), blocks_(blocks), storyCount_(storyCount), findings_(findings) {}
 
     void Check() {
-        CheckKeywordLine();
+        for (const InputLine* keyword : blocks_.storyMemberKeywords)
+            CheckKeywordLine(*keyword);
         for (const InputLine* line : blocks_.memberLines) {
             if (IsAboveTheStories(*line)) break;
             CheckLine(*line);
@@ -36,15 +37,14 @@ private:
         return ToInteger(std::string(FirstFieldOf(line)));
     }
 
-    void CheckKeywordLine() {
+    void CheckKeywordLine(const InputLine& line) {
         if (blocks_.memberLines.empty()) return;  // said by S05
-        const std::vector<InputField> fields = FieldsOf(*blocks_.storyMember);
+        const std::vector<InputField> fields = FieldsOf(line);
         const auto member =
             std::find_if(fields.begin() + 1, fields.end(),
                          [](const InputField& field) { return BeginsLikeANumber(field.text); });
         if (member == fields.end()) return;
-        const std::string_view text = blocks_.storyMember->text;
-        const std::string values(text.substr(fields[1].place.offset));
+        const std::string values(line.text.substr(NameOf(Keyword::kStoryMember).size() + 1));
         findings_.Add(FindingOf(FileRule::kA03StoryMember, member->place)
                           .Write("StoryMember,\n" + WithFinalComma(view_.text.Display(values))));
     }

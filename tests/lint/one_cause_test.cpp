@@ -143,3 +143,12 @@ TEST(SameFinding, JoinsItsStories) {
 TEST(SameFinding, WithOtherWordsIsAnother) {
     EXPECT_THAT(ToldBehindCases("StoryMember,\n1,101\n2,102\nFIN\n"), ElementsAre("S01", "S01"));
 }
+
+TEST(SameFinding, IsNeverHiddenByAnyNumberOfAnotherKind) {
+    std::string text = kCases;
+    for (int i = 0; i < 5000; ++i)
+        text += "SheetNotes" + std::to_string(i) + ",\n";
+    const InputCheck check = CheckInputText(InputText(text + "MemberDeformAngle,101\nFIN\n"));
+    EXPECT_EQ("D01", check.findings.back().rule->id);
+    EXPECT_EQ(3000u, check.findingsLeftOut);
+}

@@ -130,6 +130,15 @@ const WrongFile kWrongFiles[] = {
      "StoryMember,1,101,102,\n"
      "FIN\n",
      {"S05 4:1"}},
+    {"TheKeywordIsRepeatedWithMembersOnItsLine",
+     "DeadLoadCaseNumber,1,\n"
+     "EarthquakeLoadCaseNumber,2,3,\n"
+     "FloorLevel,0,4500,\n"
+     "StoryMember,\n"
+     "StoryMember,1,102,\n"
+     "1,101,\n"
+     "FIN\n",
+     {"A03 5:13"}},
     {"AHeadingStandsInTheBlock",
      "DeadLoadCaseNumber,1,\n"
      "EarthquakeLoadCaseNumber,2,3,\n"

@@ -127,27 +127,33 @@ struct Reader {
     bool (AijCodeRoute2::*read)();
     const char* startLine;
     const char* lineLimitWarning;
+    WarningKind lineLimit;
 };
 
 constexpr Reader kReaders[] = {
     {"load cases", &AijCodeRoute2::SetLoadCaseNumbersWithDataFile, "",
-     "\n*** WARNING *** : Data file line number is too large.\n"},
+     "\n*** WARNING *** : Data file line number is too large.\n",
+     WarningKind::kTooManyLinesForLoadCases},
     {"floors", &AijCodeRoute2::SetFloorInfoWithDataFile,
      "\nStarts setting floor info with data file...\n",
      "\n*** WARNING *** : Data file line number is too large as setting floor info with data "
-     "file.\n"},
+     "file.\n",
+     WarningKind::kTooManyLinesForFloors},
     {"story members", &AijCodeRoute2::SetStoryInfoWithDataFile,
      "\nStarts setting story info with data file...\n",
      "\n*** WARNING *** : nData file line number is too large as setting story member with data "
-     "file.\n"},
+     "file.\n",
+     WarningKind::kTooManyLinesForStoryMembers},
     {"output flags", &AijCodeRoute2::SetMemberDeformAngleOutputFlag,
      "\nStarts setting output flag of member story deformation angle...\n",
      "\n*** WARNING *** : Data file line number is too large as setting story members' output "
-     "flag.\n"},
+     "flag.\n",
+     WarningKind::kTooManyLinesForReportedMembers},
     {"allowable values", &AijCodeRoute2::SetStoryAllowableValues,
      "\nStarts setting story allowable values...\n",
      "\n*** WARNING *** : Data file line number is too large as setting story allowable "
-     "values.\n"},
+     "values.\n",
+     WarningKind::kTooManyLinesForAllowableValues},
 };
 
 }  // namespace
@@ -196,6 +202,9 @@ TEST(InputReaders, WarnOfAFileThatCannotBeOpenedAndLeaveTheModelAsItIs) {
         EXPECT_EQ(reader.startLine + std::string("\n*** WARNING *** : Cannot open data file ") +
                       bench.engine.dataFilePath + ".\n",
                   bench.bench.NewLog());
+        EXPECT_THAT(bench.engine.warnings, ElementsAre(Warning{WarningKind::kCannotOpenInput, 0,
+                                                               bench.engine.dataFilePath}))
+            << reader.name;
         EXPECT_FALSE(bench.engine.floorLevelsSet);
         EXPECT_THAT(bench.Allowables(&StoryInfo::allowStiffRatio), Each(0.6));
     }
@@ -229,6 +238,7 @@ TEST(InputReaders, RefuseOneLineMoreEachWithItsOwnWarning) {
         bench.engine.storyInfoSet = true;
         EXPECT_FALSE((bench.engine.*reader.read)()) << reader.name;
         EXPECT_EQ(std::string(reader.startLine) + reader.lineLimitWarning, bench.bench.NewLog());
+        EXPECT_THAT(bench.engine.warnings, ElementsAre(Warning{reader.lineLimit, 0, {}}));
     }
 }
 
