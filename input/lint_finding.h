@@ -72,7 +72,7 @@ private:
     static constexpr std::size_t kMost = 2000;
 
     std::vector<LintFinding> findings_;
-    std::array<std::size_t, 3> kept_{};  ///< by kind
+    std::array<std::size_t, 3> kept_{};                       ///< by kind
     std::unordered_map<std::string, std::size_t> positions_;  ///< by what is told
     std::size_t leftOut_ = 0;
 };

@@ -160,8 +160,8 @@ AsRead ReadWithModel(const InputText& text, const ModelView& view) {
     AsRead asRead = ReadWithoutModel(text).value_or(AsRead{});
     asRead.secondAxis = view.Second();
     // Sorted once only: a level that is not a number has no place of its own.
-    asRead.floorLevels = view.EndedBeforeStories() ? SortedDistinctLevels(engine.floorLevels)
-                                                   : engine.floorLevels;
+    asRead.floorLevels =
+        view.EndedBeforeStories() ? SortedDistinctLevels(engine.floorLevels) : engine.floorLevels;
     asRead.storyMembers.emplace();
     asRead.allowLines = {};
     TakeAllowables(text, engine.stories.size(), asRead);
