@@ -72,6 +72,11 @@ ExitCode Print(const LintReport& report, const LintOptions& options) {
     return ExitCodeOf(report, options.isStrict);
 }
 
+// The input file that a recording was made for; empty when it answers every one, or does not say.
+std::string InputRecordedFor(const RecordedModel& model) {
+    return model.recordedFor ? model.recordedFor->inputName : std::string();
+}
+
 ExitCode LintAgainstRecording(const LintOptions& options) {
     RecordedModel model;
     try {
@@ -83,7 +88,8 @@ ExitCode LintAgainstRecording(const LintOptions& options) {
         return kExitUsage;
     }
     RecordedHost host(model, options.modelPath);
-    return Print(LintAgainst(options.inputPath, {host, options.modelPath, ""}, WantsOf(options)),
+    return Print(LintAgainst(options.inputPath, {host, options.modelPath, InputRecordedFor(model)},
+                             WantsOf(options)),
                  options);
 }
 

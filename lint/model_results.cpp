@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 
+#include "host/recorded_host.h"
 #include "input/line_text.h"
 #include "lint/model_check.h"
 #include "lint/model_rules.h"
@@ -41,6 +42,12 @@ bool HasCase(const AijCodeRoute2& engine, std::int32_t number) {
 }
 
 // --- Answers that a recording lacks
+
+// "the displacements of node 12 under load case 3", or what a host says itself.
+std::string AskedIn(const HostCallError& error) {
+    const auto* const missing = dynamic_cast<const MissingAnswerError*>(&error);
+    return missing != nullptr ? missing->Asked() : error.what();
+}
 
 // Asks what a run asks, in its order, and counts what is not answered.
 class AskedAnswers {
@@ -89,7 +96,7 @@ private:
         try {
             ask();
         } catch (const HostCallError& error) {
-            if (missing_++ == 0) first_ = error.what();
+            if (missing_++ == 0) first_ = AskedIn(error);
         }
     }
 

@@ -124,6 +124,21 @@ TEST_F(LintCommand, ChecksAgainstARecordedBuildingAndWritesNothing) {
     EXPECT_THAT(Files(), ElementsAre("tower.csv", "tower.qhm"));
 }
 
+// Of four columns the forces are missing, under the dead load and both earthquake cases.
+TEST_F(LintCommand, NamesTheInputFileForWhichARecordingWasMade) {
+    const std::string path = RecordedModelFile();
+    RecordedModel model = ReadQhmFile(path);
+    model.recordedFor = RecordedFor{false, "first.csv", std::string(64, 'a')};
+    model.endForces = {};
+    WriteQhmFile(model, path);
+    const ProgramRun run = LintText(std::string(kCases) + "FIN\n", {path});
+    EXPECT_EQ(1, run.exitCode);
+    EXPECT_THAT(run.out,
+                AllOf(HasSubstr("tower.csv: error M25: 12 answers are missing in "),
+                      HasSubstr("tower.qhm, which was recorded for first.csv: the run would end at "
+                                "the forces at the start (0) of member 1 under load case 1\n")));
+}
+
 TEST_F(LintCommand, SaysOfAModelThatCannotBeReadWhichFileComesFirst) {
     const std::string model = RecordedModelFile();
     const ProgramRun run = Lint({model, folder.Write("tower.csv", kCases)});
