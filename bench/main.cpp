@@ -12,6 +12,7 @@
 #include "bench/input_check.h"
 #include "bench/measurements.h"
 #include "bench/ratios.h"
+#include "bench/tables.h"
 #include "compute/status_texts.h"
 
 namespace {
@@ -104,8 +105,10 @@ void RunBenchmarks(int argc, char** argv) {
     for (const BuildingSize& size : kModelFileSizes)
         RegisterModelFile(measurements, size);
     RegisterInputChecks();
+    RegisterTables();
     benchmark::RunSpecifiedBenchmarks();
     PrintInputCheckRatios();
+    PrintTables();
     PrintRatios(measurements, kSizes, kLarge, kGrowths);
     PrintModelFiles(measurements, kModelFileSizes);
 }

@@ -1,6 +1,7 @@
 #include <map>
 #include <memory>
 
+#include "cli/building.h"
 #include "cli/check_command.h"
 #include "cli/command_parts.h"
 #include "cli/commands.h"
@@ -11,10 +12,10 @@ namespace {
 
 // `check MODEL.qhm INPUT.csv` or, on the running host, `check INPUT.csv`.
 ExitCode Check(const std::vector<std::string>& files, const CheckOptions& options) {
-    if (files.size() == 2) return CheckRecordedModel(files[0], files[1], options);
+    if (files.size() == 2) return CheckBuilding(files[0], files[1], options);
     if (files.size() != 1)
         return WrongUsage("check takes MODEL.qhm and INPUT.csv, or INPUT.csv alone");
-    if (files[0].ends_with(".qhm")) {
+    if (files[0].ends_with(".qhm") || IsTableFolder(files[0])) {
         TellError("check " + files[0] +
                   ": name the Route 2 Input file too: check MODEL.qhm INPUT.csv");
         return kExitUsage;
@@ -51,7 +52,8 @@ Command AddCheck(CLI::App& app) {
     CLI::App* const check =
         AddCommand(app, "check", "run the checks on a recorded building, or on the running host");
     DescribeFile(*check, "FILES",
-                 "MODEL.qhm INPUT.csv: a recorded building (log and results go beside it) "
+                 "MODEL.qhm INPUT.csv: a recorded building or a folder of tables (log and results "
+                 "go beside it) "
                  "and the Route 2 Input file; INPUT.csv alone: the running host");
     const auto options = std::make_shared<CheckOptions>();
     AddDetail(*check, *options);

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
+#include <vector>
 
+#include "cli/building.h"
 #include "cli/check_report.h"
 #include "cli/figure_files.h"
 #include "cli/input_cautions.h"
 #include "cli/messages.h"
-#include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "input/sheet_lines.h"
 #include "lint/input_remarks.h"
@@ -160,18 +162,6 @@ bool MakeFolder(const std::string& folder) {
 
 }  // namespace
 
-std::optional<QhmContents> ReadRecording(const std::string& modelPath) {
-    try {
-        QhmContents contents = ReadQhmFileWithCautions(modelPath);
-        for (const std::string& caution : contents.cautions)
-            TellCaution(modelPath + ": " + caution);
-        return contents;
-    } catch (const QhmFileError& error) {
-        TellError(error.what());
-        return std::nullopt;
-    }
-}
-
 CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
                         const CheckOptions& options, const FileGuard& guard) {
     if (!MakeFolder(options.reportFolder)) return {{}, {}, kExitUsage};
@@ -190,18 +180,21 @@ CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
     return {std::move(outcome), reports, code};
 }
 
-ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath,
-                            const CheckOptions& options) {
-    // Looked at before the model is read, which takes its time, and again by the run.
-    const FileGuard guard = RequireAllDistinct(OutputsOf(options));
+ExitCode CheckBuilding(const std::string& path, const std::string& inputPath,
+                       const CheckOptions& options) {
+    const std::string modelPath = ModelPathOf(path);
+    // Looked at before the building is read, which takes its time, and again by the run.
+    std::vector<NamedFile> others = OutputsOf(options);
+    std::ranges::move(TablesOf(path), std::back_inserter(others));
+    const FileGuard guard = RequireAllDistinct(std::move(others));
     if (const auto collision = guard(FilesOfRun(inputPath, modelPath, options.reportFolder))) {
         TellError(*collision + "; nothing was written");
         return kExitUsage;
     }
-    const std::optional<QhmContents> contents = ReadRecording(modelPath);
-    if (!contents) return kExitUsage;
-    RecordedHost host(contents->model, modelPath);
-    const CheckedHost checked{[&host] { return &host; }, modelPath,
+    const Building building = ReadBuilding(path, inputPath);
+    if (!building.model) return building.whyNot;
+    RecordedHost host(*building.model, modelPath);
+    const CheckedHost checked{[&host] { return &host; }, path,
                               [&host] { return host.UnlistedAnswers(); }};
     return CheckOnHost(checked, inputPath, options, guard).code;
 }

@@ -8,16 +8,12 @@
 #include "cli/check_options.h"
 #include "cli/exit_codes.h"
 #include "compute/compute_run.h"
-#include "host/qhm_file.h"
 
-/// `quarnel-cli check MODEL.qhm INPUT.csv`: a run on a recorded building. Prints the status lines,
-/// then what was found; problems go to standard error, one line each.
-ExitCode CheckRecordedModel(const std::string& modelPath, const std::string& inputPath,
-                            const CheckOptions& options);
-
-/// A recorded building, with what is to be known of its file told on standard error. None, with an
-/// error line, when it cannot be read.
-std::optional<QhmContents> ReadRecording(const std::string& modelPath);
+/// `quarnel-cli check MODEL.qhm INPUT.csv`: a run on a recorded building, or on that of a folder of
+/// tables. Prints the status lines, then what was found; problems go to standard error, one line
+/// each.
+ExitCode CheckBuilding(const std::string& path, const std::string& inputPath,
+                       const CheckOptions& options);
 
 /// A host whose building is checked.
 struct CheckedHost {

@@ -33,7 +33,8 @@ void AddFailOn(CLI::App& command, FailOn& failOn) {
     command
         .add_option_function<std::string>(
             "--fail-on", [&failOn, choices](const std::string& kind) { failOn = choices.at(kind); },
-            "code or tool: end with 3 when that overall verdict is not OK (PASS); never, which is the "
+            "code or tool: end with 3 when that overall verdict is not OK (PASS); never, which is "
+            "the "
             "default")
         ->check(CLI::IsMember(choices));
 }

@@ -14,8 +14,11 @@ struct Command {
     std::function<ExitCode(const std::vector<std::string>& files)> run;
 };
 
+Command AddBatch(CLI::App& app);
 Command AddCheck(CLI::App& app);
 Command AddCompare(CLI::App& app);
+Command AddExport(CLI::App& app);
+Command AddImport(CLI::App& app);
 Command AddLint(CLI::App& app);
 Command AddRecord(CLI::App& app);
 Command AddSheet(CLI::App& app);

@@ -23,6 +23,11 @@ Examples:
       the same, and saves what the host answered: checking job.qhm with job.csv
       gives the same log and results where the host is not installed. With
       --all the recording can be checked with any input file.
+  quarnel-cli import tables job.qhm --for job.csv
+      makes a recorded building of tables that any analysis program exports;
+      check, sheet and lint take the folder itself, too.
+  quarnel-cli export job.qhm tables
+      writes such tables of a recorded building, into a new folder.
 
 The Route 2 Input file is comma-separated and ends with a line FIN, for example:
   DeadLoadCaseNumber,1,
@@ -32,7 +37,8 @@ The Route 2 Input file is comma-separated and ends with a line FIN, for example:
 Exit codes:
   0  the run reached "Calculation Complete" (checks may still say FAIL)
   1  the run ended before, or a file cannot be written; standard error says
-     why (lint: an error was found)
+     why (lint: an error was found; import: the tables do not fit what is
+     stated about them)
   2  wrong usage, files that would overwrite each other, or a file that cannot
      be read
   3  with --fail-on: the run is complete, and its verdict is not OK (PASS)

@@ -8,7 +8,8 @@ Command AddLint(CLI::App& app) {
     CLI::App* const lint =
         AddCommand(app, "lint", "say what a run would make of an input file, and write nothing");
     DescribeFile(*lint, "INPUT.csv", "Route 2 Input file");
-    DescribeFile(*lint, "MODEL.qhm", "a recorded building to check it against");
+    DescribeFile(*lint, "MODEL.qhm",
+                 "a recorded building, or a folder of tables, to check it against");
     const auto options = std::make_shared<LintOptions>();
     lint->add_flag("--host", options->onHost, "check it against the running host");
     lint->add_option("--lang", options->language, "en or ja; without it the system's language")

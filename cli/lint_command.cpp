@@ -2,9 +2,9 @@
 
 #include <iostream>
 
+#include "cli/building.h"
 #include "cli/live_commands.h"
 #include "cli/messages.h"
-#include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "lint/github_report.h"
 #include "lint/json_report.h"
@@ -78,17 +78,16 @@ std::string InputRecordedFor(const RecordedModel& model) {
 }
 
 ExitCode LintAgainstRecording(const LintOptions& options) {
-    RecordedModel model;
-    try {
-        model = ReadQhmFile(options.modelPath);
-    } catch (const QhmFileError& error) {
-        TellError(error.what());
-        if (options.inputPath.ends_with(".qhm"))
+    const Building building = ReadBuilding(options.modelPath, options.inputPath);
+    if (!building.model) {
+        if (options.inputPath.ends_with(".qhm") || IsTableFolder(options.inputPath))
             TellError("the input file comes first: lint INPUT.csv MODEL.qhm");
-        return kExitUsage;
+        return building.whyNot;
     }
-    RecordedHost host(model, options.modelPath);
-    return Print(LintAgainst(options.inputPath, {host, options.modelPath, InputRecordedFor(model)},
+    const std::string modelPath = ModelPathOf(options.modelPath);
+    RecordedHost host(*building.model, modelPath);
+    return Print(LintAgainst(options.inputPath,
+                             {host, modelPath, InputRecordedFor(*building.model)},
                              WantsOf(options)),
                  options);
 }

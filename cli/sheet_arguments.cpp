@@ -1,6 +1,7 @@
 #include <map>
 #include <memory>
 
+#include "cli/building.h"
 #include "cli/command_parts.h"
 #include "cli/commands.h"
 #include "cli/live_commands.h"
@@ -10,13 +11,14 @@ namespace {
 
 // `sheet MODEL.qhm INPUT.csv [OUT.html]` or, on the running host, `sheet INPUT.csv [OUT.html]`.
 ExitCode MakeSheet(const std::vector<std::string>& files, SheetRequest request) {
-    const bool isRecorded = !files.empty() && files[0].ends_with(".qhm");
+    const bool isRecorded =
+        !files.empty() && (files[0].ends_with(".qhm") || IsTableFolder(files[0]));
     const std::size_t sources = isRecorded ? 2 : 1;
     if (files.size() < sources || files.size() > sources + 1)
         return WrongUsage(
             "sheet takes MODEL.qhm and INPUT.csv, or INPUT.csv alone, and then OUT.html");
     if (files.size() > sources) request.sheetPath = files[sources];
-    return isRecorded ? SheetOfRecordedModel(files[0], files[1], request)
+    return isRecorded ? SheetOfBuilding(files[0], files[1], request)
                       : SheetOfRunningHost(files[0], request);
 }
 
@@ -37,12 +39,11 @@ void AddLook(CLI::App& sheet, SheetOptions& options) {
                               {"ja", SheetLanguage::kJapanese},
                               {"en", SheetLanguage::kEnglish}},
                              "both, which is the default, ja or en");
-    AddChoice<SheetDetail>(sheet, "--detail", options.detail,
-                           {{"all", SheetDetail::kAll},
-                            {"worst", SheetDetail::kWorst},
-                            {"none", SheetDetail::kNone}},
-                           "the details per story: all members, which is the default, the worst "
-                           "ten of each story, or none");
+    AddChoice<SheetDetail>(
+        sheet, "--detail", options.detail,
+        {{"all", SheetDetail::kAll}, {"worst", SheetDetail::kWorst}, {"none", SheetDetail::kNone}},
+        "the details per story: all members, which is the default, the worst "
+        "ten of each story, or none");
     sheet
         .add_option_function<std::string>(
             "--plans", [&options](const std::string&) { options.showsDriftPlans = true; },
@@ -74,10 +75,12 @@ std::string CommandLineOf(const CLI::App& sheet, const std::vector<std::string>&
 Command AddSheet(CLI::App& app) {
     CLI::App* const sheet =
         AddCommand(app, "sheet", "run the checks, and write the calculation sheet of the run");
-    DescribeFile(*sheet, "FILES",
-                 "MODEL.qhm INPUT.csv: a recorded building and the Route 2 Input file; INPUT.csv "
-                 "alone: the running host; then OUT.html, if the sheet is not to stand beside log "
-                 "and results");
+    DescribeFile(
+        *sheet, "FILES",
+        "MODEL.qhm INPUT.csv: a recorded building or a folder of tables, and the Route 2 Input "
+        "file; INPUT.csv "
+        "alone: the running host; then OUT.html, if the sheet is not to stand beside log "
+        "and results");
     const auto request = std::make_shared<SheetRequest>();
     AddLook(*sheet, request->sheet);
     AddReports(*sheet, request->check);

@@ -2,9 +2,9 @@
 
 #include <iostream>
 
+#include "cli/building.h"
 #include "cli/figure_files.h"
 #include "cli/messages.h"
-#include "host/qhm_file.h"
 #include "host/recorded_host.h"
 #include "input/input_check.h"
 #include "platform/one_line.h"
@@ -22,13 +22,15 @@ std::string SheetPathFor(const SheetRequest& request, const std::string& modelPa
     return SheetPath(folder.empty() ? modelPath : NameOfReportsIn(folder, modelPath, inputPath));
 }
 
-// Where the sheet goes is known once the host has named its model.
-FileGuard GuardFor(const SheetRequest& request) {
-    return [&request](const RunFiles& files) {
-        std::vector<NamedFile> written = OutputsOf(request.check);
-        written.push_back(
-            {"the sheet", SheetPathFor(request, files.model, files.input), NamedFile::Use::kWritten});
-        return RequireAllDistinct(std::move(written))(files);
+// Where the sheet goes is known once the host has named its model. `tables`: what the building is
+// read from, beside the model file.
+FileGuard GuardFor(const SheetRequest& request, std::vector<NamedFile> tables = {}) {
+    return [&request, tables = std::move(tables)](const RunFiles& files) {
+        std::vector<NamedFile> others = OutputsOf(request.check);
+        others.push_back({"the sheet", SheetPathFor(request, files.model, files.input),
+                          NamedFile::Use::kWritten});
+        others.insert(others.end(), tables.begin(), tables.end());
+        return RequireAllDistinct(std::move(others))(files);
     };
 }
 
@@ -62,11 +64,10 @@ bool WriteSheet(const Findings& findings, const SheetSources& sources, const std
     }
 }
 
-}  // namespace
-
-ExitCode SheetOnHost(const CheckedHost& host, const std::string& inputPath,
-                     const std::string& hostModelPath, const SheetRequest& request) {
-    const CheckResult checked = CheckOnHost(host, inputPath, request.check, GuardFor(request));
+ExitCode SheetWithGuard(const CheckedHost& host, const std::string& inputPath,
+                        const std::string& hostModelPath, const SheetRequest& request,
+                        const FileGuard& guard) {
+    const CheckResult checked = CheckOnHost(host, inputPath, request.check, guard);
     const RunOutcome& outcome = checked.outcome;
     if (outcome.filesCollide) return checked.code;
     const std::string path = SheetPathFor(request, outcome.modelPath, inputPath);
@@ -83,16 +84,27 @@ ExitCode SheetOnHost(const CheckedHost& host, const std::string& inputPath,
     return checked.code;
 }
 
-ExitCode SheetOfRecordedModel(const std::string& modelPath, const std::string& inputPath,
-                              const SheetRequest& request) {
-    if (const auto collision = GuardFor(request)(FilesOfRun(inputPath, modelPath, request.check.reportFolder))) {
+}  // namespace
+
+ExitCode SheetOnHost(const CheckedHost& host, const std::string& inputPath,
+                     const std::string& hostModelPath, const SheetRequest& request) {
+    return SheetWithGuard(host, inputPath, hostModelPath, request, GuardFor(request));
+}
+
+ExitCode SheetOfBuilding(const std::string& path, const std::string& inputPath,
+                         const SheetRequest& request) {
+    const std::string modelPath = ModelPathOf(path);
+    const FileGuard guard = GuardFor(request, TablesOf(path));
+    if (const auto collision =
+            guard(FilesOfRun(inputPath, modelPath, request.check.reportFolder))) {
         TellError(*collision + "; nothing was written");
         return kExitUsage;
     }
-    const std::optional<QhmContents> contents = ReadRecording(modelPath);
-    if (!contents) return kExitUsage;
-    RecordedHost host(contents->model, modelPath);
-    const CheckedHost checked{
-        [&host] { return &host; }, modelPath, [&host] { return host.UnlistedAnswers(); }};
-    return SheetOnHost(checked, inputPath, contents->model.modelPath.value_or(""), request);
+    const Building building = ReadBuilding(path, inputPath);
+    if (!building.model) return building.whyNot;
+    RecordedHost host(*building.model, modelPath);
+    const CheckedHost checked{[&host] { return &host; }, path,
+                              [&host] { return host.UnlistedAnswers(); }};
+    return SheetWithGuard(checked, inputPath, building.model->modelPath.value_or(""), request,
+                          guard);
 }

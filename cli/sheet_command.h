@@ -16,10 +16,10 @@ struct SheetRequest {
     bool opens = false;       ///< the sheet is opened when it is written
 };
 
-/// `quarnel-cli sheet MODEL.qhm INPUT.csv [OUT.html]`: a run on a recorded building, as `check`
-/// makes and prints it, and its calculation sheet.
-ExitCode SheetOfRecordedModel(const std::string& modelPath, const std::string& inputPath,
-                              const SheetRequest& request);
+/// `quarnel-cli sheet MODEL.qhm INPUT.csv [OUT.html]`: a run on a recorded building or on that of a
+/// folder of tables, as `check` makes and prints it, and its calculation sheet.
+ExitCode SheetOfBuilding(const std::string& path, const std::string& inputPath,
+                         const SheetRequest& request);
 
 /// The same on any host. `hostModelPath`: of a recorded building, the model's on the machine where
 /// it was recorded.

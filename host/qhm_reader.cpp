@@ -186,6 +186,7 @@ private:
     std::vector<std::int32_t> ReadLoadCases();
     void ReadDisplacements();
     void ReadEndForces(std::array<AnswersByNumber, 2>& forces);
+    void ReadNames();
     void PassOver(const std::string& key);
     void RequireHead() const;
     void Complete();
@@ -227,7 +228,13 @@ constexpr QhmReader::Section QhmReader::kSections[] = {
          r.hasGlobalForces_ = true;
          r.ReadEndForces(r.endForcesGlobal_);
      }},
-    {"names", [](QhmReader& r) { r.json_.Skip(); }},
+    {"source",
+     [](QhmReader& r) {
+         r.model_.source = r.json_.ReadString(
+             "expected a text that says where the "
+             "model comes from");
+     }},
+    {"names", [](QhmReader& r) { r.ReadNames(); }},
 };
 
 QhmContents QhmReader::Read() {
@@ -334,6 +341,25 @@ void QhmReader::ReadEndForces(std::array<AnswersByNumber, 2>& forces) {
                 forces[end].Store(member, loadCase, ends[end]);
         });
     });
+}
+
+void QhmReader::ReadNames() {
+    json_.ReadObject("expected an object with the names of nodes, members and loadCases",
+                     [this](const std::string& key) {
+                         const auto read = [this](const char* what, auto& names) {
+                             json_.ReadNumberedObject(what, [&](std::int32_t number) {
+                                 names[number] = json_.ReadString("expected a name");
+                             });
+                         };
+                         if (key == "nodes")
+                             read("node", model_.names.nodes);
+                         else if (key == "members")
+                             read("member", model_.names.members);
+                         else if (key == "loadCases")
+                             read("load case", model_.names.loadCases);
+                         else
+                             json_.Skip();
+                     });
 }
 
 void QhmReader::PassOver(const std::string& key) {

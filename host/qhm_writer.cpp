@@ -52,6 +52,7 @@ private:
     void WriteLoadCases(const char* key, const std::optional<std::vector<std::int32_t>>& list);
     void WriteDisplacements();
     void WriteEndForces(const char* key, const std::array<AnswerTable, 2>& forces);
+    void WriteNames();
     void WriteBothEnds(std::int32_t member, std::int32_t loadCase, const SixDoubles* start,
                        const SixDoubles* end);
 
@@ -80,6 +81,10 @@ void QhmWriter::Write() {
     json_.PutInteger(hasGlobalForces ? 2 : 1);
     WriteRecordedFor();
     WriteModelPath();
+    if (!model_.source.empty()) {
+        Key("source");
+        json_.PutString(model_.source);
+    }
     Key("baseUnitSystem");
     json_.PutInteger(model_.baseUnitSystem.value_or(2));
     Key("zUp");
@@ -94,6 +99,7 @@ void QhmWriter::Write() {
     WriteDisplacements();
     WriteEndForces("endForces", model_.endForces);
     if (hasGlobalForces) WriteEndForces("endForcesGlobal", model_.endForcesGlobal);
+    WriteNames();
     json_.Put("\n}\n");
     json_.Flush();
 }
@@ -154,10 +160,12 @@ void QhmWriter::WriteRecordedFor() {
     json_.Put("}");
 }
 
-// An empty path is what a host without a model file, or one that returns none, answers.
+// An empty path is what a host without a model file, or one that returns none, answers. A model
+// without a path has that of its file.
 void QhmWriter::WriteModelPath() {
+    if (!model_.modelPath) return;
     Key("modelPath");
-    if (model_.modelPath.value_or("").empty())
+    if (model_.modelPath->empty())
         json_.Put("null");
     else
         json_.PutString(*model_.modelPath);
@@ -288,6 +296,27 @@ void QhmWriter::WriteBothEnds(std::int32_t member, std::int32_t loadCase, const 
     json_.Put(",");
     Numbers(end == nullptr ? kZeros : *end, name);
     json_.Put("]");
+}
+
+void QhmWriter::WriteNames() {
+    if (!model_.names.Any()) return;
+    Key("names");
+    const char* separator = "{";
+    const auto write = [&](const char* key, const std::map<std::int32_t, std::string>& names) {
+        if (names.empty()) return;
+        json_.Put(separator);
+        separator = ",";
+        json_.PutString(key);
+        json_.Put(": ");
+        Table("{}", names, [this](const auto& name) {
+            NumberedKey(name.first);
+            json_.PutString(name.second);
+        });
+    };
+    write("nodes", model_.names.nodes);
+    write("members", model_.names.members);
+    write("loadCases", model_.names.loadCases);
+    json_.Put("}");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -92,6 +93,16 @@ struct RecordedFor {
     std::string inputSha256;  ///< of its bytes, 64 lower-case hexadecimal digits
 };
 
+/// What nodes, members and load cases are called where a model comes from, by number, UTF-8. Only
+/// those that have another name than their number.
+struct RecordedNames {
+    std::map<std::int32_t, std::string> nodes;
+    std::map<std::int32_t, std::string> members;
+    std::map<std::int32_t, std::string> loadCases;
+
+    bool Any() const { return !nodes.empty() || !members.empty() || !loadCases.empty(); }
+};
+
 /// What a host has answered about one model: what a run remembers, what a recording saves and what
 /// a recorded host answers from. Everything is in the host's own units and numbers; what has not
 /// been answered has no value.
@@ -107,6 +118,9 @@ public:
 
     /// Without a value, displacements and end forces that are not there are zeros.
     std::optional<RecordedFor> recordedFor;
+
+    std::string source;  ///< where a model that no host has answered about comes from, for people
+    RecordedNames names;
 
     std::optional<std::int32_t> nodeCount;
     std::optional<std::int32_t> memberCount;

@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 command -v pandoc >/dev/null || scripts/install-packages.sh pandoc
 
 version=$(sed -n 's/^project(Quarnel VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
-pages=(manual input-file results-file processing-log worked-example verification qhm-file third-party)
+pages=(manual input-file results-file processing-log worked-example verification qhm-file tables third-party)
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT

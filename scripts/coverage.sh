@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 . scripts/folders.sh
 scripts/install-packages.sh "${native_packages[@]}" "${script_packages[@]}" \
-    "${print_packages[@]}" "${coverage_packages[@]}"
+    "${print_packages[@]}" "${example_packages[@]}" "${coverage_packages[@]}"
 
 log=build/coverage.log
 mkdir -p build

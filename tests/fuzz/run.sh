@@ -3,7 +3,7 @@
 #
 #     tests/fuzz/run.sh SECONDS [TARGET...]
 #
-# TARGET: input_readers, json_stream, lint, qhm_file, whole_run. What the fuzzer learns is kept in build/fuzz/corpus
+# TARGET: input_readers, json_stream, lint, qhm_file, tables, whole_run. What the fuzzer learns is kept in build/fuzz/corpus
 # for the next time. A finding ends its target and is saved in build/fuzz/findings/TARGET; when it
 # is fixed, put the file into tests/fuzz/regressions/TARGET, where every test run replays it.
 set -euo pipefail
@@ -14,7 +14,7 @@ if [ $# -lt 1 ]; then
 fi
 seconds=$1
 shift
-[ $# -gt 0 ] || set -- input_readers json_stream lint qhm_file whole_run
+[ $# -gt 0 ] || set -- input_readers json_stream lint qhm_file tables whole_run
 
 cd "$(dirname "$0")/../.."
 . scripts/packages.sh
