@@ -54,8 +54,9 @@ def are_same_fields(a, b):
 
 def check_report(checks, printed):
     """Weight and shears of each story as the import tells them."""
+    report = printed.split("  checked: ")[0]
     for story, shear in SHEARS.items():
-        lines = [line.split() for line in printed.splitlines()
+        lines = [line.split() for line in report.splitlines()
                  if line.split()[:1] == [str(story)] and len(line.split()) == 8]
         checks.expect(len(lines) == 1, f"story {story}: {lines}")
         figures = [float(field) for field in lines[0]] if lines else []
@@ -104,6 +105,7 @@ def main():
     if run.returncode != 0:
         sys.exit(f"{EXAMPLE / 'run'} failed:\n{run.stdout}{run.stderr}")
     checks.expect("Calculation Complete" in run.stdout, "the run is not complete")
+    checks.expect((folder / "three_story.aijR2Sheet.html").exists(), "there is no sheet")
     check_tables_are_those_of_the_project(checks, folder / "three_story")
     check_report(checks, run.stdout)
     check_overturning(checks, folder / "three_story")
