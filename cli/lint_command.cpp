@@ -86,10 +86,10 @@ ExitCode LintAgainstRecording(const LintOptions& options) {
     }
     const std::string modelPath = ModelPathOf(options.modelPath);
     RecordedHost host(*building.model, modelPath);
-    return Print(LintAgainst(options.inputPath,
-                             {host, modelPath, InputRecordedFor(*building.model)},
-                             WantsOf(options)),
-                 options);
+    return Print(
+        LintAgainst(options.inputPath, {host, modelPath, InputRecordedFor(*building.model)},
+                    WantsOf(options)),
+        options);
 }
 
 }  // namespace

@@ -26,8 +26,8 @@ int RunCommand(int argc, char** argv) {
     app.set_version_flag("--version", "quarnel-cli " QUARNEL_VERSION_TEXT);
     app.require_subcommand(1);
     app.allow_windows_style_options(false);  // a path may begin with a slash
-    const Command commands[] = {AddCheck(app),  AddSheet(app),  AddLint(app),  AddCompare(app),
-                                AddRecord(app), AddImport(app), AddExport(app)};
+    const Command commands[] = {AddCheck(app), AddSheet(app),  AddBatch(app),  AddCompare(app),
+                                AddLint(app),  AddRecord(app), AddImport(app), AddExport(app)};
 
     CommandLine line = TakeOutFiles(app, argc, argv);
     std::ranges::reverse(line.options);  // as the library wants it

@@ -75,8 +75,8 @@ ExitCode SheetWithGuard(const CheckedHost& host, const std::string& inputPath,
         TellError("the sheet is not written: the run ended before it had read the model");
         return checked.code;
     }
-    if (!WriteSheet(*outcome.findings,
-                    SourcesOf(host, inputPath, hostModelPath, request, checked), path))
+    if (!WriteSheet(*outcome.findings, SourcesOf(host, inputPath, hostModelPath, request, checked),
+                    path))
         return kExitEndedEarly;
     std::cout << "Sheet:   " << OneLine(path) << std::endl;
     if (request.opens && !OpenOnDesktop(path))

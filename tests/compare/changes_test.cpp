@@ -87,9 +87,10 @@ TEST(Changes, SayWhichCentreMoved) {
     a.stories[0].rigidityCenter = {5610.0, 2000.0};
     RunRead b = Run();
     b.stories[0].directions[1].modulus = 0.142;
-    EXPECT_EQ("\n\nChecks\n  verdict by the code NG -> OK\n  verdict by the tool FAIL -> PASS\n"
-              "  story 1, Y: eccentricity 0.535 NG -> 0.142 OK (R moved 2610 mm in x)\n",
-              OnlyChanges(a, b));
+    EXPECT_EQ(
+        "\n\nChecks\n  verdict by the code NG -> OK\n  verdict by the tool FAIL -> PASS\n"
+        "  story 1, Y: eccentricity 0.535 NG -> 0.142 OK (R moved 2610 mm in x)\n",
+        OnlyChanges(a, b));
     EXPECT_TRUE(CompareRuns(a, b, 0.001).AnyVerdictChanged());
 }
 
@@ -162,9 +163,10 @@ TEST(Changes, NameRemarksThatCameOrWent) {
     a.remarks = {{"R06", "warning", {1}, "Not counted: 4.", ""},
                  {"R27", "note", {}, "Plates.", ""}};
     b.remarks = {{"R27", "note", {}, "Plates.", ""}, {"R15", "warning", {1}, "Pushes.", ""}};
-    EXPECT_EQ("\n\nRemarks\n  remark R06 gone: warning: Not counted: 4.\n"
-              "  remark R15 new: warning: Pushes.\n",
-              OnlyChanges(a, b));
+    EXPECT_EQ(
+        "\n\nRemarks\n  remark R06 gone: warning: Not counted: 4.\n"
+        "  remark R15 new: warning: Pushes.\n",
+        OnlyChanges(a, b));
 }
 
 TEST(Changes, TextIsOneLineEachWhateverTheFilesHold) {
