@@ -52,12 +52,12 @@ std::string RowOf(const JobOutcome& outcome) {
     const std::string folder = AddressOf(outcome.job.name) + "/";
     std::string name =
         outcome.hasSheet ? Link(folder + kSheetName, outcome.job.name) : HtmlText(outcome.job.name);
-    if (!outcome.job.title.empty()) name += "<br>" + HtmlText(outcome.job.title);
+    if (!outcome.job.title.empty()) name.append("<br>").append(HtmlText(outcome.job.title));
     std::string verdict = HtmlText(VerdictOf(outcome));
     if (outcome.end == JobEnd::kEndedEarly)
-        verdict += "<br>" + HtmlText(outcome.failure);
+        verdict.append("<br>").append(HtmlText(outcome.failure));
     else if (outcome.tool)
-        verdict += " (" + HtmlText(ToolOf(outcome)) + ")";
+        verdict.append(" (").append(HtmlText(ToolOf(outcome))).append(")");
     std::string row = RowHead(name) + Cell(verdict);
     for (const auto& governing : outcome.governing)
         row += Cell(HtmlText(GoverningText(governing)), "c");

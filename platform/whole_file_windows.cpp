@@ -56,7 +56,7 @@ public:
     std::FILE* Stream() const { return stream_.get(); }
 
     void Finish() {
-        const bool isWritten = std::fflush(stream()) == 0 && std::ferror(stream()) == 0 &&
+        const bool isWritten = std::fflush(Stream()) == 0 && std::ferror(Stream()) == 0 &&
                                FlushFileBuffers(Handle()) != FALSE;
         if (!isWritten) throw WholeFileError("the disk is full or cannot be written to");
         if (!Rename()) Fail("it cannot be put in place", GetLastError());
