@@ -25,9 +25,10 @@ REFUSED_BY_IMPORT = ("unknown node", "has no length", "too large a number")
 
 
 def run_of(tool, model, input_file):
-    """All that a run leaves and prints; what it leaves is gone then."""
+    """All that a run leaves, and its status lines; what it leaves is gone then. What is printed
+    behind them may remark that a model file does not list an answer: tables list them all."""
     run = tool.run("check", model, input_file)
-    found = {"exit code": run.returncode, "printed": run.stdout, "errors": run.stderr}
+    found = {"exit code": run.returncode, "status lines": run.stdout.split("\n\n")[0], "errors": run.stderr}
     for path in model.parent.iterdir():
         if path.is_file() and path != model:
             found[path.name] = path.read_bytes()
