@@ -124,8 +124,9 @@ std::string BatchSummary(const std::vector<JobOutcome>& outcomes) {
             else
                 row += ",,";
         }
-        row += "," + std::to_string(outcome.errors) + "," + std::to_string(outcome.warnings) + "," +
-               Field(outcome.failure);
+        for (const int count : {outcome.errors, outcome.warnings})
+            row.append(",").append(std::to_string(count));
+        row.append(",").append(Field(outcome.failure));
         text += row + "\r\n";
     }
     return text;
