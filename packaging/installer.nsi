@@ -219,17 +219,23 @@ Function PutInPlace
     Pop $0
 FunctionEnd
 
-Function Register
-    CreateDirectory "$SMPROGRAMS\Quarnel"
-    CreateShortcut "$SMPROGRAMS\Quarnel\Quarnel.lnk" "$INSTDIR\Quarnel.exe"
-    StrCpy $wanted "manual.html"
+; Only to a manual that the installer has put there.
+!macro CreateManualShortcut FILE NAME
+    StrCpy $wanted "${FILE}"
     StrCpy $isOurs 0
     StrCpy $1 "$INSTDIR\${INSTALLED_FILES}"
     GetFunctionAddress $0 FindOwnerOfWanted
     Call ForEachFile
     ${If} $isOurs == 1
-        CreateShortcut "$SMPROGRAMS\Quarnel\Manual.lnk" "$INSTDIR\manual.html"
+        CreateShortcut "$SMPROGRAMS\Quarnel\${NAME}.lnk" "$INSTDIR\${FILE}"
     ${EndIf}
+!macroend
+
+Function Register
+    CreateDirectory "$SMPROGRAMS\Quarnel"
+    CreateShortcut "$SMPROGRAMS\Quarnel\Quarnel.lnk" "$INSTDIR\Quarnel.exe"
+    !insertmacro CreateManualShortcut "manual.html" "Manual"
+    !insertmacro CreateManualShortcut "manual.ja.html" "Manual (Japanese)"
 
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Quarnel"
     WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
@@ -274,6 +280,7 @@ Function un.Unregister
     ${If} $0 == $INSTDIR
         Delete "$SMPROGRAMS\Quarnel\Quarnel.lnk"
         Delete "$SMPROGRAMS\Quarnel\Manual.lnk"
+        Delete "$SMPROGRAMS\Quarnel\Manual (Japanese).lnk"
         RMDir "$SMPROGRAMS\Quarnel"
         DeleteRegKey HKCU "${UNINSTALL_KEY}"
     ${EndIf}

@@ -40,7 +40,7 @@ done
 cp CHANGELOG.md "$content/CHANGELOG.txt"
 cp docs/third-party.md "$content/third-party-notices.txt"
 example_files | xargs -0 cp --parents --target-directory="$content"
-scripts/build-manual.sh "$content/manual.html"
+scripts/build-manual.sh "$content"
 
 # One date for all files, the same rights and a fixed order make the archive reproducible.
 find "$content" -type f -exec chmod 644 {} +

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Builds the manual as one page and checks that it stands alone.
+"""Builds the manual as one page in each language and checks that each stands alone.
 
     check_manual_page.py
 
-Everything it shows is in the file, its links lead to places of its own, and its formulas are
-MathML, which needs no script.
+Everything it shows is in the file, its links lead to places of its own or of the other language's
+page beside it, and its formulas are MathML, which needs no script.
 """
 
 import html.parser
@@ -49,13 +49,19 @@ class Page(html.parser.HTMLParser):
             self.text.append(data)
 
 
-def problems_of(page):
+def problems_of_link(link, pages, own):
+    file, _, place = link.partition("#")
+    page = pages.get(file or own)
+    if page is None:
+        yield f"the page links to the file {link}"
+    elif place not in page.ids:
+        yield f"no place is called {link}"
+
+
+def problems_of(page, pages, own):
     for link in page.links:
-        if link.startswith("#"):
-            if link[1:] not in page.ids:
-                yield f"no place of the page is called {link}"
-        elif "://" not in link:
-            yield f"the page links to the file {link}"
+        if "://" not in link:
+            yield from problems_of_link(link, pages, own)
     for source in page.sources:
         if not source.startswith("data:"):
             yield f"the page needs {source[:80]}"
@@ -63,6 +69,8 @@ def problems_of(page):
         yield "the page needs a script"
     if "$" in "".join(page.text):
         yield "a formula was left as text"
+    if "**" in "".join(page.text):
+        yield "bold words were left as text"
     if page.formulas < 20:
         yield f"the page has {page.formulas} formulas only"
     if "page-third-party" not in page.ids:
@@ -71,13 +79,21 @@ def problems_of(page):
         yield "the drawing of a story is missing"
 
 
+def read_page(path):
+    page = Page()
+    page.feed(path.read_text(encoding="utf-8"))
+    return page
+
+
 def main():
     with tempfile.TemporaryDirectory() as folder:
-        path = pathlib.Path(folder) / "manual.html"
-        subprocess.run([ROOT / "scripts" / "build-manual.sh", path], check=True)
-        page = Page()
-        page.feed(path.read_text(encoding="utf-8"))
-    return fail_with(problems_of(page))
+        subprocess.run([ROOT / "scripts" / "build-manual.sh", folder], check=True)
+        pages = {path.name: read_page(path) for path in pathlib.Path(folder).iterdir()}
+    problems = [f"{name}: {what}" for name, page in pages.items()
+                for what in problems_of(page, pages, name)]
+    if sorted(pages) != ["manual.html", "manual.ja.html"]:
+        problems.append(f"the manual is {sorted(pages)}")
+    return fail_with(problems)
 
 
 if __name__ == "__main__":

@@ -175,7 +175,7 @@ ZipHoldsProgramsDocumentsAndExamples() {
     for program in "${programs[@]}"; do
         expect_file "$portable/$program.exe"
     done
-    for file in manual.html CHANGELOG.txt examples/two_story_y_up.{qhm,csv}; do
+    for file in manual.html manual.ja.html CHANGELOG.txt examples/two_story_y_up.{qhm,csv}; do
         expect_file "$portable/$file"
     done
 }
@@ -209,6 +209,7 @@ InstalledProgramsRunAndAreRegistered() {
     menu=$(unix_path "$(windows cmd /c 'echo %APPDATA%')")/Microsoft/Windows/"Start Menu"/Programs
     expect_file "$menu/Quarnel/Quarnel.lnk"
     expect_file "$menu/Quarnel/Manual.lnk"
+    expect_file "$menu/Quarnel/Manual (Japanese).lnk"
     for program in "${programs[@]}"; do
         expect_file "$folder/$program.exe"
     done
