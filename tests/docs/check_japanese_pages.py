@@ -16,12 +16,12 @@ from markdown import ROOT, fail_with, read
 REQUIRED = ("manual", "input-file", "results-file", "calculation-sheet", "tables")
 
 # Columns of tables that are the same in both languages, by their English heading.
-VERBATIM = {"column", "menu File", "in the files", "日本語", "id", "kind", "says", "section",
-            "block", "key"}
-# The same where it is the first column.
-VERBATIM_FIRST = {"line"}
+VERBATIM = {"column", "menu File", "in the files", "日本語", "id", "kind", "says", "block", "key"}
+# The same where it is the first column, or where it is a further one.
+VERBATIM_FIRST, VERBATIM_FURTHER = {"line"}, {"section"}
 # English figures in words, which are digits in Japanese.
-IN_WORDS = {"one tenth": "1/10", "nineteen": "19"}
+IN_WORDS = {"one tenth": "1/10", "nineteen": "19", "the ten of": "the 10 of",
+            "A billionth part": "10⁻⁹"}
 
 
 class Section:
@@ -184,7 +184,7 @@ def compare_blocks(english, japanese):
 
 def verbatim_cells(headings, row):
     for number, (heading, cell) in enumerate(zip(headings, row)):
-        if heading in VERBATIM or number == 0 and heading in VERBATIM_FIRST:
+        if heading in VERBATIM | (VERBATIM_FURTHER if number else VERBATIM_FIRST):
             yield cell
 
 
