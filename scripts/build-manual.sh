@@ -13,8 +13,8 @@ command -v pandoc >/dev/null || scripts/install-packages.sh pandoc
 version=$(sed -n 's/^project(Quarnel VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 # Below docs/.
 english=(manual input-file results-file calculation-sheet processing-log worked-example verification
-         qhm-file third-party)
-japanese=(ja/manual ja/input-file ja/results-file ja/calculation-sheet third-party)
+         qhm-file tables third-party)
+japanese=(ja/manual ja/input-file ja/results-file ja/calculation-sheet ja/tables third-party)
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
