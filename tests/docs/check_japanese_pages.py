@@ -171,7 +171,7 @@ def compare_sets(what, english, japanese, also_more=True):
 
 def compare_blocks(english, japanese):
     if [len(block) for block in english] != [len(block) for block in japanese]:
-        yield f"the blocks of code differ in number or length"
+        yield "the blocks of code differ in number or length"
         return
     for ours, theirs in zip(english, japanese):
         for line, other in zip(ours, theirs):
