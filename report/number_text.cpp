@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr const char* kMinus = "−";                        // U+2212
 constexpr double kLargestExactWhole = 9007199254740992.0;  // 2^53
 constexpr double kWholeLevel = 0.005;                      // mm
 constexpr double kNearlyWholeDenominator = 0.001;          // of it
