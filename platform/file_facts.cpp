@@ -13,7 +13,8 @@ std::time_t TimeOf(std::filesystem::file_time_type time) {
     using std::chrono::seconds;
     using std::chrono::system_clock;
     const auto age = std::filesystem::file_time_type::clock::now() - time;
-    const auto moment = system_clock::now() - std::chrono::duration_cast<system_clock::duration>(age);
+    const auto moment =
+        system_clock::now() - std::chrono::duration_cast<system_clock::duration>(age);
     return system_clock::to_time_t(std::chrono::round<seconds>(moment));
 }
 

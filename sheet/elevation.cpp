@@ -21,10 +21,10 @@ constexpr double kGreatestHeight = 95.0;  // of the building in it
 constexpr double kSmallestHeight = 26.0;
 constexpr double kLeft = 5.0;
 constexpr double kTop = 5.5;
-constexpr double kBelow = 7.5;         // supports, ground, axis
-constexpr double kNameGap = 3.4;       // between the drawing and the names beside it
-constexpr double kNarrowColumn = 12.0; // of names
-constexpr double kWideColumn = 24.0;   // longer names are cut
+constexpr double kBelow = 7.5;          // supports, ground, axis
+constexpr double kNameGap = 3.4;        // between the drawing and the names beside it
+constexpr double kNarrowColumn = 12.0;  // of names
+constexpr double kWideColumn = 24.0;    // longer names are cut
 constexpr double kTextSize = 2.3;
 constexpr double kTextGap = 3.0;
 constexpr double kRoomBetween = 6.2;          // a story this high has its name between its levels
@@ -92,16 +92,9 @@ private:
 // --- Names beside it -----------------------------------------------------------------------------
 
 // As much of a name as fits beside the building, with a number behind it.
-std::string Fitting(std::string name, const std::string& number) {
+std::string Fitting(const std::string& name, const std::string& number) {
     const std::string rest = " " + number;
-    if (TextWidth(name + rest, kTextSize) <= kWideColumn) return name + rest;
-    while (!name.empty() && TextWidth(name + "…" + rest, kTextSize) > kWideColumn) {
-        std::size_t last = name.size() - 1;
-        while (last > 0 && (static_cast<unsigned char>(name[last]) & 0xC0U) == 0x80U)
-            --last;
-        name.resize(last);
-    }
-    return name + "…" + rest;
+    return FittingText(name, kTextSize, kWideColumn - TextWidth(rest, kTextSize)) + rest;
 }
 
 std::string LevelName(const Sheet& sheet, std::size_t level) {
@@ -117,7 +110,7 @@ FilledWords StoryName(const Sheet& sheet, const StoryFindings& story) {
 // --- One view ------------------------------------------------------------------------------------
 
 struct ViewSize {
-    double scale = 1.0;  // mm on paper per mm
+    double scale = 1.0;         // mm on paper per mm
     bool storiesAside = false;  // names of stories have no room between those of levels
     double names = 0.0;         // width of the column, or of both, mm
     double storyNames = 0.0;    // where the second one begins
@@ -328,9 +321,9 @@ ViewSize SizeFor(const Sheet& sheet, const Extent& vertical, double width, bool 
 
 ViewSize ChooseSize(const Sheet& sheet, const Extent& vertical, double width) {
     const ViewSize size = SizeFor(sheet, vertical, width, false);
-    const bool hasRoom = std::ranges::all_of(sheet.findings.stories, [&](const StoryFindings& story) {
-        return story.height * size.scale >= kRoomBetween;
-    });
+    const bool hasRoom = std::ranges::all_of(
+        sheet.findings.stories,
+        [&](const StoryFindings& story) { return story.height * size.scale >= kRoomBetween; });
     return hasRoom ? size : SizeFor(sheet, vertical, width, true);
 }
 

@@ -90,8 +90,7 @@ private:
         const std::string levels = Levels();
         if (levels.empty()) return;
         if (findings_.floorLevelsFromInput && !read.levels.empty())
-            Taken(read.levels.front().place.line,
-                  Filled(Text("floors are"), {{"levels", levels}}));
+            Taken(read.levels.front().place.line, Filled(Text("floors are"), {{"levels", levels}}));
         else
             Default(Filled(Text("floors of the model"), {{"levels", levels}}));
     }
@@ -109,9 +108,9 @@ private:
         for (const StoryMemberBlock::Entry& entry : block.entries)
             ++counts[{entry.member.place.line, entry.story}];
         for (const auto& [where, count] : counts)
-            Taken(where.first, Filled(Text("members of a story"),
-                                      {{"story", std::to_string(where.second)},
-                                       {"n", CountText(count)}}));
+            Taken(where.first,
+                  Filled(Text("members of a story"),
+                         {{"story", std::to_string(where.second)}, {"n", CountText(count)}}));
     }
 
     static Words NameOfLimit(Keyword keyword) {
@@ -145,9 +144,9 @@ private:
                         {Keyword::kAllowStoryEccentricityModulus, kCodeEccentricityModulus}};
         for (const auto& [keyword, value] : defaults)
             if (!keywords.contains(keyword))
-                Default(Filled(Text("limit of all stories"),
-                               {{"limit", NameOfLimit(keyword)},
-                                {"value", LimitText(keyword, value)}}));
+                Default(Filled(
+                    Text("limit of all stories"),
+                    {{"limit", NameOfLimit(keyword)}, {"value", LimitText(keyword, value)}}));
     }
 
     void TakeReportedMembers() {

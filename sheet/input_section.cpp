@@ -32,9 +32,8 @@ std::string_view ClassOf(InputLineNote::Kind kind) {
 std::string NoteHtml(const InputLineNote& note) {
     std::string html = note.kind == InputLineNote::Kind::kTaken ? "→ " : "";
     if (!note.id.empty()) html += "<b>" + HtmlText(note.id) + "</b> ";
-    html +=
-        Element("span", {{"class", "ja"}, {"lang", "ja"}}, HtmlText(note.ja, kLongestNote)) +
-        Element("span", {{"class", "en"}, {"lang", "en"}}, HtmlText(note.en, kLongestNote));
+    html += Element("span", {{"class", "ja"}, {"lang", "ja"}}, HtmlText(note.ja, kLongestNote)) +
+            Element("span", {{"class", "en"}, {"lang", "en"}}, HtmlText(note.en, kLongestNote));
     return Element("div", {{"class", std::string(ClassOf(note.kind))}}, html);
 }
 
@@ -73,8 +72,8 @@ std::string Defaults(const InputAsRead& input) {
     for (const InputLineNote& note : input.defaults)
         items += Element("li", {}, OutsideTextInBoth({note.ja, note.en}));
     if (items.empty()) return {};
-    return "<p class=\"small\">" + InBoth(Text("defaults")) + "</p><ul class=\"method few\">" + items +
-           "</ul>\n";
+    return "<p class=\"small\">" + InBoth(Text("defaults")) + "</p><ul class=\"method few\">" +
+           items + "</ul>\n";
 }
 
 std::string AllowableLines(const Sheet& sheet) {
@@ -94,8 +93,8 @@ std::string AllowableLines(const Sheet& sheet) {
         if (!isUsual) items += Element("li", {}, InBoth(words));
     }
     if (items.empty()) return {};
-    return "<p class=\"small\">" + InBoth(Text("allowable values")) + "</p><ul class=\"method few\">" +
-           items + "</ul>\n";
+    return "<p class=\"small\">" + InBoth(Text("allowable values")) +
+           "</p><ul class=\"method few\">" + items + "</ul>\n";
 }
 
 }  // namespace

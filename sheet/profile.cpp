@@ -121,9 +121,11 @@ private:
             if (i > 0)
                 lines.push_back({{kLeft, BandTop(i) + band_}, {Right(), BandTop(i) + band_}});
             if (!namesAll) continue;
+            constexpr double kSize = 2.4;
+            const std::string name = sheet_.names.StoryInTable(static_cast<int>(i + 1));
             svg_.Text({kLeft - 1.5, BandTop(i) + band_ / 2.0 + 0.85},
-                      {.size = 2.4, .anchor = Anchor::kEnd},
-                      HtmlText(sheet_.names.StoryInTable(static_cast<int>(i + 1))));
+                      {.size = kSize, .anchor = Anchor::kEnd},
+                      HtmlText(FittingText(name, kSize, kLeft - 1.5)));
         }
         svg_.Lines(lines, {"#bbb", 0.15});
         svg_.Box({kLeft, kTop, Right(), bottom_}, {kBlack, 0.3}, "none");

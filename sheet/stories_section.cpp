@@ -49,7 +49,7 @@ std::string Density(const Sheet& sheet) {
 }
 
 std::string StoryTable(const Sheet& sheet) {
-    Table table("T2a", Text("T2a"), {14, 24, 24, 22, 20, 18, 18, 22, 24},
+    Table table("T2a", Text("T2a"), {14, 21, 21, 20, 19, 16, 16, 20, 39},
                 Concat({"dense quiet", Density(sheet), KeptTogether(sheet.StoryCount())}));
     table.HeadRow({{Text("story")},
                    {Text("lower level"), "mm"},

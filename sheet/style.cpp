@@ -81,8 +81,7 @@ table.head{font-size:7.7pt}
 .alarm{color:#a00000;font-weight:bold}
 .errors ul{margin:0.5mm 0;padding-left:4mm}
 .todo{display:block}
-.verdict{text-align:center;font-weight:bold;white-space:nowrap}
-td.c{white-space:nowrap}
+.verdict{text-align:center;font-weight:bold}
 .verdict small,td small{font-weight:normal;font-size:6.5pt}
 .verdict small{margin-left:1.2mm}
 .verdict.ng{background:#fbd5d5;-webkit-print-color-adjust:exact;print-color-adjust:exact}

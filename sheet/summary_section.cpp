@@ -45,8 +45,8 @@ std::string OverallBox(const Findings& findings) {
     html += Element("span", {{"class", "tool"}},
                     InBoth(Text("tool:")) + " <span data-figure=\"verdict.tool\">" +
                         TextInSheet(findings.verdict.tool) + "</span>");
-    html += InBoth(Text("verdict:")) + " <strong data-figure=\"verdict.code\">" +
-            WordOf(code) + "</strong>";
+    html += InBoth(Text("verdict:")) + " <strong data-figure=\"verdict.code\">" + WordOf(code) +
+            "</strong>";
     // A sheet without anything to be looked at says OK and no more.
     const bool isOk = code == CodeVerdict::kOk;
     const Words counts = isOk ? Text("warnings alone") : Text("errors and warnings");

@@ -186,3 +186,16 @@ double TextWidth(std::string_view text, double size) {
     }
     return width * size;
 }
+
+std::string FittingText(std::string_view text, double size, double room) {
+    if (TextWidth(text, size) <= room) return std::string(text);
+    std::string fitting;
+    while (!text.empty()) {
+        const std::size_t length = FirstUtf8Character(text).size;
+        const std::string longer = fitting + std::string(text.substr(0, length));
+        if (TextWidth(longer + "…", size) > room) break;
+        fitting = longer;
+        text.remove_prefix(length);
+    }
+    return fitting + "…";
+}

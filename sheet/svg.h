@@ -101,3 +101,6 @@ std::string DrawnSymbol(std::string_view symbol, std::string_view index);
 
 /// How wide a text is at most, mm: an estimate that suits the fonts of the page.
 double TextWidth(std::string_view text, double size);
+
+/// As much of a text as fits into `room`, mm; one that is cut ends with "…".
+std::string FittingText(std::string_view text, double size, double room);

@@ -65,7 +65,7 @@ private:
 
     std::string open_;
     std::string head_;
-    std::string groups_;  ///< of rows that are complete
+    std::string groups_;             ///< of rows that are complete
     std::vector<std::string> rows_;  ///< of the group that is open
 };
 

@@ -37,9 +37,8 @@ protected:
         StatusLines status;
         ReportPaths reports;
         input = folder.Write("input.csv", kSmallBuildingInput);
-        RunCompute(
-            input, [&] { return &remembering; }, status, reports,
-            {.wantsFindings = WantsFindings::kYes});
+        RunCompute(input, [&] { return &remembering; }, status, reports,
+                   {.wantsFindings = WantsFindings::kYes});
         WriteQhmFile(remembering.Memory(), folder.Path("tower.qhm"));
         model = folder.Path("tower.qhm");
     }
@@ -78,15 +77,15 @@ TEST_F(SheetCommand, WithADateGivesTheSameBytesAgain) {
     Cli({"sheet", model, input, sheet, "--date", "2026-11-21 10:00"});
     const std::string first = BytesOf(sheet);
     EXPECT_THAT(first, HasSubstr("2026-11-21 10:00"));
-    std::filesystem::last_write_time(input, std::filesystem::file_time_type::clock::now() -
-                                                std::chrono::hours(1000));
+    std::filesystem::last_write_time(
+        input, std::filesystem::file_time_type::clock::now() - std::chrono::hours(1000));
     Cli({"sheet", model, input, sheet, "--date", "2026-11-21 10:00"});
     EXPECT_EQ(first, BytesOf(sheet));
 }
 
 TEST_F(SheetCommand, RefusesAnOutputThatIsAFileOfTheRun) {
-    for (const std::string& file : {model, input, folder.Path("tower.aijR2Log.txt"),
-                                    folder.Path("tower.aijR2Result.csv")}) {
+    for (const std::string& file :
+         {model, input, folder.Path("tower.aijR2Log.txt"), folder.Path("tower.aijR2Result.csv")}) {
         Cli({"check", model, input});
         const std::string before = BytesOf(file);
         const ProgramRun run = Cli({"sheet", model, input, file});

@@ -91,7 +91,8 @@ TEST_F(CalculationSheet, AsksNobodyForAnything) {
     const std::string drawing = " xmlns=\"http://www.w3.org/2000/svg\"";
     for (std::size_t at = html.find(drawing); at != std::string::npos; at = html.find(drawing))
         html.erase(at, drawing.size());
-    for (const char* const reference : {"http:", "https:", "src=", "url(", "<script", "@import", "<link"})
+    for (const char* const reference :
+         {"http:", "https:", "src=", "url(", "<script", "@import", "<link"})
         EXPECT_EQ(std::string::npos, html.find(reference)) << reference;
     EXPECT_THAT(html, StartsWith("<!DOCTYPE html>\n<html lang=\"ja\">"));
     EXPECT_THAT(html, EndsWith("</html>\n"));
@@ -113,11 +114,11 @@ TEST_F(CalculationSheet, TakesItsNamesFromTheInputFile) {
 }
 
 TEST_F(CalculationSheet, LetsNoMarkupIn) {
-    const std::string html = Html("SheetProject,<script>alert('x') & \"more\"</script>\x01\x7F,\n" +
-                                  kCases + "FIN\n");
+    const std::string html =
+        Html("SheetProject,<script>alert('x') & \"more\"</script>\x01\x7F,\n" + kCases + "FIN\n");
     EXPECT_THAT(html, Not(HasSubstr("<script")));
-    EXPECT_THAT(html,
-                HasSubstr("&lt;script&gt;alert(&#39;x&#39;) &amp; &quot;more&quot;&lt;/script&gt;"));
+    EXPECT_THAT(
+        html, HasSubstr("&lt;script&gt;alert(&#39;x&#39;) &amp; &quot;more&quot;&lt;/script&gt;"));
     EXPECT_EQ(std::string::npos, html.find('\x01'));
     EXPECT_EQ(std::string::npos, html.find('\x7F'));
 }
@@ -161,8 +162,7 @@ TEST_F(CalculationSheet, OpensInTheLanguageItWasMadeFor) {
 
 // A figure that is not formed is a dash, and its verdict is not determinable.
 TEST_F(CalculationSheet, NeverSaysOkOfWhatWasNotCalculated) {
-    const std::string html =
-        Html("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,9,\nFIN\n");
+    const std::string html = Html("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,9,\nFIN\n");
     EXPECT_EQ("算定不可", CellText(html, "eccentricityCode", 1, "second"));
     EXPECT_EQ("—", CellText(html, "eccentricityModulus", 1, "second"));
     EXPECT_EQ("未確定", CellText(html, "verdict.code"));

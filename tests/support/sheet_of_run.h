@@ -18,9 +18,8 @@ inline std::string SheetOfRun(FakeHost& host, const std::string& input,
     const std::string inputPath = folder.Write("input.csv", input);
     StatusLines status;
     ReportPaths reports;
-    const RunOutcome outcome = RunCompute(
-        inputPath, [&host] { return &host; }, status, reports,
-        {.wantsFindings = WantsFindings::kYes});
+    const RunOutcome outcome = RunCompute(inputPath, [&host] { return &host; }, status, reports,
+                                          {.wantsFindings = WantsFindings::kYes});
     SheetSources sources;
     sources.run = {"1.1", "2026-11-21", "tower.qhm", std::nullopt, "input.csv", std::nullopt, true};
     sources.dateIsGiven = true;
