@@ -15,7 +15,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-BROWSERS_OWN = re.compile(r"https?://[\w.]*\.(google|googleapis|gvt1)\.com/")  # updates, its clock
+BROWSERS_OWN = re.compile(r"https?://[\w.-]*\.(google|googleapis|gvt1)\.com/")  # updates, its clock
 BROWSERS = ("chromium", "chromium-browser", "google-chrome")
 POINTS_PER_MM = 72 / 25.4
 LEFT_MM, RIGHT_MM, PAGE_WIDTH_MM = 20, 12, 210
