@@ -3,18 +3,27 @@
 #include <memory>
 #include <vector>
 
+#include "host/busy_host_filter.h"
+#include "host/counting_host.h"
 #include "host/host_link.h"
 #include "host/host_queries.h"
 #include "host/remembering_host.h"
+
+/// What is told about the calls to the running host, on the thread that makes them.
+struct LiveHostWatch {
+    QuestionWatcher questions{};  ///< before each call that is made for the first time
+    BusyHook busy{};              ///< at each call that the host rejects
+};
 
 /// The running host for one Compute run after another, on one thread: the one owner of connections
 /// in every program.
 ///
 /// A connection that was made is never released, neither by the next run nor when this object goes:
-/// the host's objects stay referenced until the process ends.
+/// the host's objects stay referenced until the process ends. Calls that a busy host rejects are
+/// made again for a while (host/busy_host_filter.h).
 class LiveHost {
 public:
-    LiveHost() = default;
+    explicit LiveHost(LiveHostWatch watch = {});
     ~LiveHost();
     LiveHost(const LiveHost&) = delete;
     LiveHost& operator=(const LiveHost&) = delete;
@@ -32,9 +41,12 @@ public:
     RememberingHost* Remembered() const { return memory_.get(); }
 
     /// Drops the answers, of which a large building has many. What Connect gave is gone.
-    void ForgetAnswers() { memory_.reset(); }
+    void ForgetAnswers();
 
 private:
+    LiveHostWatch watch_;
+    std::unique_ptr<RegisteredBusyHostFilter> filter_;
     std::vector<std::unique_ptr<HostLink>> links_;  ///< the last one is the run's
+    std::unique_ptr<CountingHost> counting_;        ///< where somebody watches the questions
     std::unique_ptr<RememberingHost> memory_;
 };

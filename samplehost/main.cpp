@@ -19,6 +19,7 @@
 #include "platform/one_line.h"
 #include "platform/standard_streams.h"
 #include "platform/whole_file.h"
+#include "samplehost/busy_spell.h"
 #include "samplehost/call_meter.h"
 #include "samplehost/hosts_place.h"
 #include "samplehost/running_host.h"
@@ -52,6 +53,7 @@ Exit codes:
 struct Options {
     std::string model;
     double delayMs = 0.0;
+    double busySeconds = 0.0;
     std::string callCountFile;
     bool stop = false;
 };
@@ -87,6 +89,9 @@ void Introduce(const RecordedModel& model, const std::optional<std::wstring>& mo
               << "\n";
     if (options.delayMs > 0)
         std::cout << "  every call takes at least " << options.delayMs << " ms\n";
+    if (options.busySeconds > 0)
+        std::cout << "  from the first call on, all calls are rejected for " << options.busySeconds
+                  << " s\n";
     std::cout << "To stop it, press Enter or Ctrl+C here, close this window, or start\n"
                  "SampleHost.exe --stop.\n";
 }
@@ -132,6 +137,7 @@ int Serve(const Options& options) {
 
     const auto meter = std::make_shared<CallMeter>(CallMeter::Delay(options.delayMs));
     running = std::make_unique<RunningHost>(MakeSampleHost(std::move(model), modelPath, meter));
+    if (options.busySeconds > 0) BeBusyFor(BusySpell::Duration(options.busySeconds));
     ListenForStopSignals();
     std::cout << "Ready: process " << GetCurrentProcessId() << "." << std::endl;
     stopWindow.RunUntilStopped();
@@ -157,6 +163,11 @@ int RunCommand(int argc, char** argv) {
     CLI::Option* model = app.add_option("MODEL.qhm", options.model, "the building to serve");
     app.add_option("--delay", options.delayMs, "let every call take this much longer, milliseconds")
         ->check(CLI::Range(0.0, 3600000.0));
+    app.add_option(
+           "--busy", options.busySeconds,
+           "reject all calls for so many seconds from the first one on, as a host does that "
+           "shows a dialog or recalculates")
+        ->check(CLI::Range(0.0, 3600.0));
     app.add_option("--count-calls", options.callCountFile,
                    "at the end, write the number of calls of every kind to this file");
     app.add_flag("--stop", options.stop, "end the SampleHost that is running")->excludes(model);
