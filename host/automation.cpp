@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/rejected_call.h"
 #include "platform/narrow_text.h"
 
 namespace {
@@ -261,8 +262,10 @@ void AutomationDriver::Invoke(const HostOperation& member, WORD kind,
                           static_cast<UINT>(reversed.size()), 0};
     OwnedExceptionInfo exception;
     UINT wrongArgument = kNoArgument;
-    const HRESULT status = dispatch_->Invoke(member.id, IID_NULL, 0, kind, &parameters, result,
-                                             &exception.info, &wrongArgument);
+    const HRESULT status = CallUntilAccepted([&] {
+        return dispatch_->Invoke(member.id, IID_NULL, 0, kind, &parameters, result, &exception.info,
+                                 &wrongArgument);
+    });
     if (SUCCEEDED(status)) return;
 
     if (status == DISP_E_EXCEPTION) {

@@ -1,6 +1,7 @@
 #include "host/host_link.h"
 
 #include "host/host_operations.h"
+#include "host/rejected_call.h"
 
 namespace {
 
@@ -18,7 +19,9 @@ int HostLink::Connect() {
     CLSID hostClass;
     if (FAILED(CLSIDFromProgID(kHostProgId, &hostClass))) return 0;
     Microsoft::WRL::ComPtr<IUnknown> running;
-    if (FAILED(GetActiveObject(hostClass, nullptr, running.GetAddressOf()))) running = nullptr;
+    const HRESULT found = CallUntilAccepted(
+        [&] { return GetActiveObject(hostClass, nullptr, running.ReleaseAndGetAddressOf()); });
+    if (FAILED(found)) running = nullptr;
     return ConnectTo(running.Get());
 }
 
@@ -26,7 +29,8 @@ int HostLink::ConnectTo(IUnknown* runningHost) {
     bool attachedNow = false;
     if (runningHost != nullptr) {
         void* dispatch = nullptr;
-        if (SUCCEEDED(runningHost->QueryInterface(IID_IDispatch, &dispatch))) {
+        if (SUCCEEDED(CallUntilAccepted(
+                [&] { return runningHost->QueryInterface(IID_IDispatch, &dispatch); }))) {
             drivers_[kRoot].Attach(static_cast<IDispatch*>(dispatch));
             attachedNow = true;
         }

@@ -22,7 +22,8 @@ ULONG BusySpell::Release() {
 DWORD BusySpell::HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) {
     const Clock::time_point now = Clock::now();
     if (!begin_) begin_ = now;
-    return now - *begin_ < duration_ ? SERVERCALL_RETRYLATER : SERVERCALL_ISHANDLED;
+    // The other way to say it, "retry later", is taken for an acceptance by Wine.
+    return now - *begin_ < duration_ ? SERVERCALL_REJECTED : SERVERCALL_ISHANDLED;
 }
 
 DWORD BusySpell::RetryRejectedCall(HTASK, DWORD, DWORD) {

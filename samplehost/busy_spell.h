@@ -6,8 +6,7 @@
 #include <optional>
 
 /// COM's message filter of a host that is busy: from the first call on it rejects every call for a
-/// while, as a host does that shows a dialog or recalculates. The caller is asked to try again
-/// later.
+/// while, as a host XX
 class BusySpell : public IMessageFilter {
 public:
     using Duration = std::chrono::duration<double>;
