@@ -11,7 +11,7 @@ using testing::Not;
 namespace {
 
 // One story of 3.5 m, Y as the second direction, all in order.
-RunRead Run() {
+RunRead GoodRun() {
     RunRead run;
     run.path = "a.json";
     run.modelPath = "tower.qhm";
@@ -64,12 +64,12 @@ std::string OnlyChanges(const RunRead& a, const RunRead& b, double tolerance = 0
 }  // namespace
 
 TEST(Changes, BetweenTheSameRunsAreNone) {
-    EXPECT_EQ("", OnlyChanges(Run(), Run()));
-    EXPECT_FALSE(CompareRuns(Run(), Run(), 0.001).AnyVerdictChanged());
+    EXPECT_EQ("", OnlyChanges(GoodRun(), GoodRun()));
+    EXPECT_FALSE(CompareRuns(GoodRun(), GoodRun(), 0.001).AnyVerdictChanged());
 }
 
 TEST(Changes, ShowWhatIsTheSameUnlessOnlyChangesAreWanted) {
-    const RunRead run = Run();
+    const RunRead run = GoodRun();
     const std::string text = ChangeText(run, run, CompareRuns(run, run, 0.001), false);
     EXPECT_THAT(text, HasSubstr("\nChecks\n"));
     EXPECT_THAT(text, HasSubstr("\n  story 1, Y: eccentricity 0.100 OK =\n"));
@@ -77,7 +77,7 @@ TEST(Changes, ShowWhatIsTheSameUnlessOnlyChangesAreWanted) {
 
 // R moves from x = 5610 to 3000 mm: the eccentricity in Y is what it is about.
 TEST(Changes, SayWhichCentreMoved) {
-    RunRead a = Run();
+    RunRead a = GoodRun();
     a.code = CodeVerdict::kNg;
     a.tool = ToolVerdict::kFail;
     DirectionRead& direction = a.stories[0].directions[1];
@@ -85,7 +85,7 @@ TEST(Changes, SayWhichCentreMoved) {
     direction.modulusCode = CodeVerdict::kNg;
     direction.modulusTool = ToolVerdict::kFail;
     a.stories[0].rigidityCenter = {5610.0, 2000.0};
-    RunRead b = Run();
+    RunRead b = GoodRun();
     b.stories[0].directions[1].modulus = 0.142;
     EXPECT_EQ(
         "\n\nChecks\n  verdict by the code NG -> OK\n  verdict by the tool FAIL -> PASS\n"
@@ -96,37 +96,37 @@ TEST(Changes, SayWhichCentreMoved) {
 
 // 0.1 % of 1.001 is more than the 0.001 between them.
 TEST(Changes, WithinTheToleranceAreNone) {
-    RunRead b = Run();
+    RunRead b = GoodRun();
     b.stories[0].directions[0].ratio = 1.001;
-    EXPECT_EQ("", OnlyChanges(Run(), b, 0.001));
-    EXPECT_THAT(OnlyChanges(Run(), b, 0.0005),
+    EXPECT_EQ("", OnlyChanges(GoodRun(), b, 0.001));
+    EXPECT_THAT(OnlyChanges(GoodRun(), b, 0.0005),
                 HasSubstr("  story 1, X: stiffness ratio 1.000 OK -> 1.001 OK\n"));
 }
 
 TEST(Changes, OfAVerdictCountHoweverSmallTheFigureMoved) {
-    RunRead b = Run();
+    RunRead b = GoodRun();
     b.stories[0].directions[0].angleTool = ToolVerdict::kFail;
-    EXPECT_THAT(OnlyChanges(Run(), b),
+    EXPECT_THAT(OnlyChanges(GoodRun(), b),
                 HasSubstr("  story 1, X: angle 1/500 OK -> 1/500 OK (tool FAIL)\n"));
-    EXPECT_TRUE(CompareRuns(Run(), b, 0.001).AnyVerdictChanged());
+    EXPECT_TRUE(CompareRuns(GoodRun(), b, 0.001).AnyVerdictChanged());
 }
 
 TEST(Changes, OfFiguresAloneAreNoChangeOfAVerdict) {
-    RunRead b = Run();
+    RunRead b = GoodRun();
     b.stories[0].directions[0].ratio = 0.9;
-    EXPECT_FALSE(CompareRuns(Run(), b, 0.001).AnyVerdictChanged());
+    EXPECT_FALSE(CompareRuns(GoodRun(), b, 0.001).AnyVerdictChanged());
 }
 
 TEST(Changes, OfAFigureThatIsNoLongerFormedAreShown) {
-    RunRead b = Run();
+    RunRead b = GoodRun();
     b.stories[0].directions[0].modulus.reset();
     b.stories[0].directions[0].modulusCode = CodeVerdict::kUndetermined;
-    EXPECT_THAT(OnlyChanges(Run(), b),
+    EXPECT_THAT(OnlyChanges(GoodRun(), b),
                 HasSubstr("eccentricity 0.100 OK -> n/a undetermined (tool PASS)\n"));
 }
 
 TEST(Changes, OfFilesGoByTheirBytes) {
-    RunRead a = Run(), b = Run();
+    RunRead a = GoodRun(), b = GoodRun();
     a.inputSha256 = "11";
     b.inputSha256 = "22";
     EXPECT_THAT(OnlyChanges(a, b), HasSubstr("  input file tower.csv -> tower.csv (other bytes)"));
@@ -136,30 +136,30 @@ TEST(Changes, OfFilesGoByTheirBytes) {
 }
 
 TEST(Changes, OfInputAndModelAreInTheirSections) {
-    RunRead b = Run();
+    RunRead b = GoodRun();
     b.loadCases[1] = 4;
     b.stories[0].allowableAngle = 1.0 / 120.0;
     b.nodes = 9;
-    const std::string text = OnlyChanges(Run(), b);
+    const std::string text = OnlyChanges(GoodRun(), b);
     EXPECT_THAT(text, HasSubstr("\nInput\n  earthquake load case, X 2 -> 4\n"
                                 "  story 1: allowable angle 1/200 -> 1/120\n"));
     EXPECT_THAT(text, HasSubstr("\nModel\n  nodes 8 -> 9\n"));
 }
 
 TEST(Changes, NameStoriesThatWereAddedOrRemoved) {
-    RunRead b = Run();
+    RunRead b = GoodRun();
     StoryRead upper = b.stories[0];
     upper.number = 2;
     upper.lowerLevel = 3500;
     upper.upperLevel = 7000;
     b.stories.push_back(upper);
-    EXPECT_THAT(OnlyChanges(Run(), b), HasSubstr("  story 2 added new: 3500 to 7000 mm\n"));
-    EXPECT_THAT(OnlyChanges(b, Run()), HasSubstr("  story 2 removed gone: 3500 to 7000 mm\n"));
-    EXPECT_TRUE(CompareRuns(Run(), b, 0.001).AnyVerdictChanged());
+    EXPECT_THAT(OnlyChanges(GoodRun(), b), HasSubstr("  story 2 added new: 3500 to 7000 mm\n"));
+    EXPECT_THAT(OnlyChanges(b, GoodRun()), HasSubstr("  story 2 removed gone: 3500 to 7000 mm\n"));
+    EXPECT_TRUE(CompareRuns(GoodRun(), b, 0.001).AnyVerdictChanged());
 }
 
 TEST(Changes, NameRemarksThatCameOrWent) {
-    RunRead a = Run(), b = Run();
+    RunRead a = GoodRun(), b = GoodRun();
     a.remarks = {{"R06", "warning", {1}, "Not counted: 4.", ""},
                  {"R27", "note", {}, "Plates.", ""}};
     b.remarks = {{"R27", "note", {}, "Plates.", ""}, {"R15", "warning", {1}, "Pushes.", ""}};
@@ -170,7 +170,7 @@ TEST(Changes, NameRemarksThatCameOrWent) {
 }
 
 TEST(Changes, TextIsOneLineEachWhateverTheFilesHold) {
-    RunRead b = Run();
+    RunRead b = GoodRun();
     b.inputPath = "a\nb.csv";
-    EXPECT_THAT(OnlyChanges(Run(), b), HasSubstr("tower.csv -> a\\nb.csv\n"));
+    EXPECT_THAT(OnlyChanges(GoodRun(), b), HasSubstr("tower.csv -> a\\nb.csv\n"));
 }
