@@ -7,12 +7,7 @@
 
 #include <filesystem>
 
-#include "compute/compute_run.h"
-#include "host/qhm_file.h"
-#include "host/remembering_host.h"
-#include "tests/support/small_building.h"
-#include "tests/support/status_lines.h"
-#include "tests/support/test_folder.h"
+#include "tests/support/recorded_small_building.h"
 
 using testing::HasSubstr;
 
@@ -21,17 +16,8 @@ namespace {
 class Jobs : public testing::Test {
 protected:
     Jobs() {
-        FakeHost host;
-        AddSmallBuilding(host);
-        host.modelPath = folder.Path("tower.ext");
         input = folder.Write("tower.csv", kSmallBuildingInput);
-        RememberingHost remembering(host);
-        StatusLines status;
-        ReportPaths reports;
-        RunCompute(
-            input, [&] { return &remembering; }, status, reports);
-        model = folder.Path("tower.qhm");
-        WriteQhmFile(remembering.Memory(), model);
+        model = WriteRecordedSmallBuilding(folder, "tower.qhm");
     }
 
     Job JobOf(const std::string& name, const std::string& modelPath) const {

@@ -7,11 +7,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/qhm_file.h"
-#include "host/remembering_host.h"
+#include "tests/support/recorded_small_building.h"
 #include "tests/support/run_program.h"
-#include "tests/support/small_building.h"
-#include "tests/support/status_lines.h"
 
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -30,17 +27,8 @@ std::string BytesOf(const std::string& path) {
 class SheetCommand : public testing::Test {
 protected:
     SheetCommand() {
-        FakeHost host;
-        AddSmallBuilding(host);
-        host.modelPath = folder.Path("tower.ext");
-        RememberingHost remembering(host);
-        StatusLines status;
-        ReportPaths reports;
         input = folder.Write("input.csv", kSmallBuildingInput);
-        RunCompute(input, [&] { return &remembering; }, status, reports,
-                   {.wantsFindings = WantsFindings::kYes});
-        WriteQhmFile(remembering.Memory(), folder.Path("tower.qhm"));
-        model = folder.Path("tower.qhm");
+        model = WriteRecordedSmallBuilding(folder, "tower.qhm");
     }
 
     ProgramRun Cli(const std::vector<std::string>& arguments) {

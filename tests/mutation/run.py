@@ -1,0 +1,151 @@
+#!/usr/bin/env python3
+"""Turns single operators of the engine and of the findings one by one, and reports which of them no
+test notices.
+
+    tests/mutation/run.py [--files GLOB...] [--every N] [--from N] [--list]
+
+Works on a copy of the sources in build/mutation. A turned operator is noticed when the tests of the
+engine no longer compile, fail, or do not end. One that nobody notices must stand in reasons.txt with
+the reason why it changes nothing that a test could see; a reason that is not needed any more is told,
+too. The last line counts; the exit code is 0 when nothing is left without a reason.
+
+--every N takes each Nth operator, --from N begins at the Nth: for a look at a part. The whole run takes
+hours.
+"""
+
+import argparse
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+WORK = ROOT / "build" / "mutation"
+REASONS = pathlib.Path(__file__).with_name("reasons.txt")
+FILES = ["route2/*.cpp", "route2/*.h"]
+
+# The layout of the sources has blanks around every binary operator, and none in templates.
+TURNS = {" < ": " <= ", " <= ": " < ", " > ": " >= ", " >= ": " > ", " == ": " != ", " != ": " == ",
+         " + ": " - ", " - ": " + ", " * ": " / ", " / ": " * ", " && ": " || ", " || ": " && ",
+         " += ": " -= ", " -= ": " += ", " *= ": " /= ", " /= ": " *= "}
+
+# Quick ones first. Each holds a part of what the whole is held against.
+TEST_PROGRAMS = ["route2_test", "compute_test", "report_test", "whole_run_test", "lint_test",
+                 "robustness_test"]
+SECONDS = 300
+
+
+def mutants(path):
+    """(line number, column, operator) of every operator outside comments, texts and directives."""
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines()):
+        code = re.sub(r'"(?:[^"\\]|\\.)*"', lambda text: "_" * len(text.group()), line)
+        code = code.split("//")[0]
+        if code.lstrip().startswith("#"):
+            continue
+        for operator in TURNS:
+            for found in re.finditer(re.escape(operator), code):
+                yield number, found.start(), operator
+
+
+def run(command, seconds=None):
+    try:
+        return subprocess.run(command, cwd=WORK / "source", stdin=subprocess.DEVNULL,
+                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                              timeout=seconds, check=False).returncode
+    except subprocess.TimeoutExpired:
+        return 1
+
+
+def prepare():
+    source = WORK / "source"
+    shutil.rmtree(source, ignore_errors=True)
+    tracked = subprocess.run(["git", "ls-files", "-z"], cwd=ROOT, capture_output=True,
+                             check=True).stdout.decode().split("\0")
+    for name in filter(None, tracked):
+        if (ROOT / name).is_file():
+            (source / name).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy2(ROOT / name, source / name)
+    build = str(WORK / "build")
+    configured = run(["cmake", "-S", ".", "-B", build, "-G", "Ninja",
+                      "-DCMAKE_BUILD_TYPE=Debug"]) == 0
+    if not configured or is_noticed():
+        raise SystemExit("the sources as they stand do not pass; see build/mutation")
+
+
+def passes(program):
+    build = ["cmake", "--build", str(WORK / "build"), "--target", program]
+    test = [str(WORK / "build" / "tests" / program), "--gtest_fail_fast", "--gtest_brief=1"]
+    return run(build) == 0 and run(test, SECONDS) == 0
+
+
+def is_noticed():
+    return not all(passes(program) for program in TEST_PROGRAMS)
+
+
+def key_of(name, line, operator):
+    return f"{name} | {line.strip()} | {operator.strip()}"
+
+
+def reasons():
+    """By key: the lines of reasons.txt are FILE | LINE | OPERATOR | REASON."""
+    known = {}
+    if REASONS.exists():
+        for line in REASONS.read_text(encoding="utf-8").splitlines():
+            if line and not line.startswith("#"):
+                *key, reason = (part.strip() for part in line.split(" | "))
+                known[" | ".join(key)] = reason
+    return known
+
+
+def survives(path, number, column, operator):
+    original = path.read_text(encoding="utf-8")
+    lines = original.splitlines(keepends=True)
+    line = lines[number]
+    lines[number] = line[:column] + TURNS[operator] + line[column + len(operator):]
+    path.write_text("".join(lines), encoding="utf-8")
+    try:
+        return not is_noticed()
+    finally:
+        path.write_text(original, encoding="utf-8")
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Turns operators, and looks who notices.")
+    parser.add_argument("--files", nargs="+", default=FILES)
+    parser.add_argument("--every", type=int, default=1)
+    parser.add_argument("--from", dest="first", type=int, default=0)
+    parser.add_argument("--list", action="store_true")
+    options = parser.parse_args()
+    names = sorted({str(path.relative_to(ROOT)) for pattern in options.files
+                    for path in ROOT.glob(pattern)})
+    chosen = [(name, *mutant) for name in names for mutant in mutants(ROOT / name)]
+    chosen = chosen[options.first::options.every]
+    if options.list:
+        for name, number, _, operator in chosen:
+            print(f"{name}:{number + 1}: {operator.strip()}")
+        return 0
+    prepare()
+    known, used, left = reasons(), set(), 0
+    for name, number, column, operator in chosen:
+        path = WORK / "source" / name
+        line = path.read_text(encoding="utf-8").splitlines()[number]
+        if not survives(path, number, column, operator):
+            continue
+        key = key_of(name, line, operator)
+        used.add(key)
+        if key not in known:
+            left += 1
+            print(f"{name}:{number + 1}: {operator.strip()} can be turned: {line.strip()}",
+                  flush=True)
+    if options.every == 1 and options.first == 0 and options.files == FILES:
+        for key in sorted(set(known) - used):
+            print(f"reasons.txt: not needed any more: {key}")
+    print(f"{len(chosen)} operators turned, {len(used)} unnoticed, {left} of them without a reason")
+    return 1 if left else 0
+
+
+if __name__ == "__main__":
+    os.environ.setdefault("CMAKE_BUILD_PARALLEL_LEVEL", str(os.cpu_count()))
+    sys.exit(main())
