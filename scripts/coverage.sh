@@ -2,7 +2,8 @@
 # Measures which lines and branches of the portable folders the tests reach on this machine.
 # Usage: scripts/coverage.sh [CTEST ARGUMENTS...]
 #
-# Prints a table per file; build/coverage/report.html shows every line. Branches that exist only
+# Prints a table per file, and writes the table of docs/coverage.md; build/coverage/report.html shows
+# every line. Branches that exist only
 # because a call can throw are left out. Windows sources (the live host) run under Wine only and
 # are not measured; docs/coverage.md says what else is not reached, and why.
 set -euo pipefail
@@ -25,6 +26,7 @@ measure() {
     gcovr --root . "${filters[@]}" --exclude-throw-branches --exclude-unreachable-branches "$@" \
         build/coverage
 }
-measure --html-details build/coverage/report.html >/dev/null
+measure --html-details build/coverage/report.html --json-summary build/coverage/summary.json >/dev/null
 measure
 measure --branches
+scripts/write-coverage.py build/coverage/summary.json docs/coverage.md

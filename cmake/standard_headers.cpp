@@ -1,0 +1,1 @@
+// Stands for the headers that the libraries have in common.

@@ -1,0 +1,1 @@
+// Stands for the headers that the tests have in common.
