@@ -197,6 +197,7 @@ private:
     std::string Lines(const std::vector<std::size_t>& lines) const {
         if (lines.empty()) return LineNumber(0);
         std::vector<std::int32_t> numbers;
+        numbers.reserve(lines.size());
         for (const std::size_t line : lines)
             numbers.push_back(static_cast<std::int32_t>(line));
         const std::string list = NumberList(numbers);
