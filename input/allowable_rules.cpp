@@ -105,16 +105,17 @@ private:
 
     void CheckKeywordLine(const InputLine& line) {
         const std::vector<InputField> fields = FieldsOf(line);
-        const auto value =
-            std::find_if(fields.begin() + 1, fields.end(),
-                         [](const InputField& field) { return BeginsLikeANumber(field.text); });
-        if (value == fields.end()) return;
+        std::size_t k = 1;
+        while (k < fields.size() && !BeginsLikeANumber(fields[k].text))
+            ++k;
+        if (k == fields.size()) return;
         const std::string keyword(FirstFieldOf(line));
-        const bool hasStory = value + 1 != fields.end() && BeginsLikeANumber((value + 1)->text);
-        const std::string written = hasStory ? std::string(Trimmed(value->text)) + ',' +
-                                                   std::string(Trimmed((value + 1)->text)) + ','
-                                             : "1," + std::string(Trimmed(value->text)) + ',';
-        findings_.Add(FindingOf(FileRule::kA03, value->place)
+        const std::string first(Trimmed(fields[k].text));
+        const bool hasStory = k + 1 < fields.size() && BeginsLikeANumber(fields[k + 1].text);
+        const std::string written =
+            hasStory ? first + ',' + std::string(Trimmed(fields[k + 1].text)) + ','
+                     : "1," + first + ',';
+        findings_.Add(FindingOf(FileRule::kA03, fields[k].place)
                           .Write(view_.text.Display(keyword + ",\n" + written)));
     }
 

@@ -51,7 +51,7 @@ void CheckReported(const ModelView& view, const InputCheck& check, LintFindingLi
         if (inStories.contains(member.value) || !IsCleanField(check.text, member.place)) continue;
         const auto& numbers = view.Engine().memberNumbers;
         const bool isInModel = std::ranges::find(numbers, member.value) != numbers.end();
-        if (isInModel && !view.HasStories()) continue;
+        if (isInModel && (!view.HasStories() || view.EndedBeforeStories())) continue;
         const ModelRule rule = isInModel ? ModelRule::kM17 : ModelRule::kM12Reported;
         findings.Add(FindingOf(rule, member.place)
                          .With("m", std::to_string(member.value))

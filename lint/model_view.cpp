@@ -14,7 +14,7 @@ ModelView::ModelView(HostQueries& host, const InputCheck& check, const std::stri
     engine_.logFile = nowhere_.get();
     engine_.dataFilePath = inputPath;
     engine_.zIsVertical = host.IsZUp();
-    ReadInput(check.text);
+    ReadInput(check);
     RunSteps();
     placed_ = PlaceMembers(engine_);
     for (std::size_t i = 0; i < placed_.size(); ++i)
@@ -22,8 +22,10 @@ ModelView::ModelView(HostQueries& host, const InputCheck& check, const std::stri
     FormStories();
 }
 
-void ModelView::ReadInput(const InputText& text) {
-    const auto open = [&text] { return InputFile::OfText(text.Text()); };
+// Without FIN the readers would take the last line again and again: each line is looked at once.
+void ModelView::ReadInput(const InputCheck& check) {
+    const std::string text = check.hasFin ? check.text.Text() : check.text.Text() + "\nFIN\n";
+    const auto open = [&text] { return InputFile::OfText(text); };
     InputFile file = open();
     cases_ = ReadLoadCaseNumbers(file);
     file = open();
@@ -36,14 +38,16 @@ void ModelView::ReadInput(const InputText& text) {
 
 // A run ends where a step throws; what stands by then is looked at.
 void ModelView::RunSteps() {
-    engine_.SetLoadCaseNumbersWithDataFile();
+    const bool getsBeyondLoadCases = engine_.SetLoadCaseNumbersWithDataFile();
+    // Else the stories are those of the model: a corrected file is made from them.
+    if (!getsBeyondLoadCases) engine_.dataFilePath.clear();
     engine_.SetLoadInfo();
     engine_.SetNodeInfo();
     engine_.SetMemberInfo();
     endedBeforeStories_ = true;
     try {
         engine_.SetFloorInfo();
-        endedBeforeStories_ = false;
+        endedBeforeStories_ = !getsBeyondLoadCases;
         engine_.SetStoryInfo();
     } catch (const std::out_of_range&) {
         endedEarly_ = true;  // a node is missing

@@ -36,7 +36,8 @@ public:
     /// The run ended before it had its stories and their members.
     bool EndedEarly() const { return endedEarly_; }
 
-    /// The run ended while it looked for the floors: no reader behind that has read anything.
+    /// The run ended at the load cases, for want of FIN, or while it looked for the floors: no
+    /// reader behind that has read anything.
     bool EndedBeforeStories() const { return endedBeforeStories_; }
 
     /// The file names the story members.
@@ -65,7 +66,7 @@ public:
     char Second() const { return engine_.zIsVertical ? 'Y' : 'Z'; }
 
 private:
-    void ReadInput(const InputText& text);
+    void ReadInput(const InputCheck& check);
     void RunSteps();
     void FormStories();
 

@@ -224,6 +224,16 @@ TEST_F(ModelRules, M12NamesMembersThatAreNotThere) {
                 ElementsAre("warning M12 3:23: member 999 is not in the model; it is passed over"));
 }
 
+// Readers that never find FIN take the last line a hundred thousand times.
+TEST_F(ModelRules, LookOnceAtTheLastLineOfAFileWithoutFin) {
+    const LintReport report =
+        LintAgainst(folder.Write("input.csv", kCases + "StoryMember,\n1,999,"),
+                    {host, "tower.qhm", ""}, WantsSuggestion::kNo);
+    EXPECT_TRUE(HasFinding(report.findings, "F02"));
+    ASSERT_TRUE(HasFinding(report.findings, "M12"));
+    EXPECT_EQ(0u, FindFinding(report.findings, "M12").furtherCount);
+}
+
 TEST_F(ModelRules, M13NamesAMemberOfAnotherStoryOfTheSameHeight) {
     EXPECT_THAT(Told("StoryMember,\n1,101,102,103,104,201,\n2,202,203,204,\n"),
                 Contains("error M13 4:19: member 201 lies between 3500 and 7000 mm, story 1 "
