@@ -11,6 +11,7 @@
 #include "cli/figure_files.h"
 #include "cli/input_cautions.h"
 #include "cli/messages.h"
+#include "compute/describe_run.h"
 #include "host/recorded_host.h"
 #include "input/sheet_lines.h"
 #include "lint/input_remarks.h"
@@ -24,15 +25,19 @@ namespace {
 // The status list of a terminal: one line per entry, each shown at once.
 class TerminalStatusList : public StatusList {
 public:
-    explicit TerminalStatusList(Detail detail) : isShown_(detail != Detail::kQuiet) {}
+    TerminalStatusList(Detail detail, const std::function<void()>& beforePrinting)
+        : isShown_(detail != Detail::kQuiet), beforePrinting_(beforePrinting) {}
 
     void Clear() override {}
     void Append(StatusText line) override {
-        if (isShown_) std::cout << TextOf(line) << std::endl;
+        if (!isShown_) return;
+        beforePrinting_();
+        std::cout << TextOf(line) << std::endl;
     }
 
 private:
     bool isShown_;
+    const std::function<void()>& beforePrinting_;
 };
 
 void PrintReportPlaces(const ReportPaths& reports, const RunOutcome& outcome) {
@@ -126,7 +131,7 @@ RunOptions RunOptionsFor(const CheckedHost& host, const InputCheck& input,
 
 RunOutcome Run(const CheckedHost& host, const std::string& inputPath, const RunOptions& options,
                Detail detail, ReportPaths& reports) {
-    TerminalStatusList status(detail);
+    TerminalStatusList status(detail, host.beforePrinting);
     try {
         return RunCompute(inputPath, host.connect, status, reports, options);
     } catch (const std::exception& error) {
@@ -171,6 +176,7 @@ CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
     ReportPaths reports;
     RunOutcome outcome =
         Run(host, inputPath, RunOptionsFor(host, input, options, guard), options.detail, reports);
+    host.beforePrinting();
     const bool areFiguresLeft =
         outcome.filesCollide || LeaveFigures(outcome, host, inputPath, options);
     Print(outcome, reports, options, areFiguresLeft);

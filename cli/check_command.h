@@ -22,6 +22,9 @@ struct CheckedHost {
 
     /// Of a recorded host; see FindingsSources.
     std::function<std::size_t()> unlistedAnswers = {};
+
+    /// Called before anything is printed, to take away a line that shows how far the questions are.
+    std::function<void()> beforePrinting = [] {};
 };
 
 struct CheckResult {

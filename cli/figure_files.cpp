@@ -1,13 +1,9 @@
 #include "cli/figure_files.h"
 
 #include "cli/messages.h"
-#include "platform/local_time.h"
-#include "platform/native_path.h"
-#include "platform/sha256.h"
 #include "platform/whole_file.h"
 #include "report/figures_json.h"
 #include "report/flat_table.h"
-#include "version.h"
 
 namespace {
 
@@ -22,19 +18,6 @@ bool Write(const std::string& path, const std::string& bytes) {
 }
 
 }  // namespace
-
-RunDescription DescribeRun(const RunSource& source, const std::string& inputPath,
-                           const std::string& date) {
-    RunDescription run;
-    run.toolVersion = QUARNEL_VERSION_TEXT;
-    run.made = date.empty() ? LocalTimeText() : Utf8Text(date);
-    run.modelPath = Utf8Text(source.modelPath);
-    if (source.fromRecording) run.modelSha256 = Sha256OfFile(source.modelPath);
-    run.inputPath = Utf8Text(inputPath);
-    run.inputSha256 = Sha256OfFile(inputPath);
-    run.fromRecording = source.fromRecording;
-    return run;
-}
 
 bool WriteFigureFiles(const Findings& findings, const RunDescription& run,
                       const FigureFiles& files) {

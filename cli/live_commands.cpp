@@ -6,12 +6,12 @@
 
 #include "cli/check_command.h"
 #include "cli/messages.h"
+#include "cli/terminal_progress.h"
 #include "host/live_host.h"
 #include "host/qhm_file.h"
 #include "host/recording.h"
 #include "platform/native_path.h"
 #include "platform/one_line.h"
-#include "platform/terminal.h"
 #include "platform/whole_file.h"
 
 namespace {
@@ -38,21 +38,31 @@ ExitCode Fail(ExitCode code, const std::string& text) {
     return code;
 }
 
-// Shows how far the questions are, where somebody may be looking at the terminal: there can be
-// millions of them.
-class TerminalProgress {
+// The running host, and on the terminal how far its questions are.
+class WatchedLiveHost {
 public:
-    void Show(std::size_t asked, std::size_t all) {
-        const std::size_t percent = 100 * asked / all;
-        if (!isShown_ || percent == percent_) return;
-        percent_ = percent;
-        std::cerr << "\rrecording: " << percent << " % of " << all << " answers"
-                  << (asked == all ? "\n" : "") << std::flush;
+    using Expected = std::size_t (*)(const ModelCounts&);
+
+    explicit WatchedLiveHost(Expected expected = ExpectedQuestionsOfRun)
+        : live_({.questions = [this, expected](const QuestionProgress& progress) {
+              terminal_.Show(progress.answered, expected(progress.counts));
+          }}) {}
+    ~WatchedLiveHost() { terminal_.Clear(); }
+    WatchedLiveHost(const WatchedLiveHost&) = delete;
+    WatchedLiveHost& operator=(const WatchedLiveHost&) = delete;
+
+    CheckedHost AsChecked() {
+        return {.connect = [this] { return live_.Connect(); },
+                .recordingPath = "",
+                .beforePrinting = [this] { terminal_.Clear(); }};
     }
 
+    RememberingHost* Remembered() const { return live_.Remembered(); }
+    TerminalProgress& Terminal() { return terminal_; }
+
 private:
-    bool isShown_ = StandardErrorIsTerminal();
-    std::size_t percent_ = 0;
+    TerminalProgress terminal_;
+    LiveHost live_;
 };
 
 // Asks what the recording needs beyond what the run has asked, and says what it is for.
@@ -62,9 +72,7 @@ RecordedFor CompleteRecording(RememberingHost& host, const std::string& inputPat
         AskForOtherEnds(host);
         return RecordedForInput(inputPath);
     }
-    TerminalProgress progress;
-    AskForEverything(
-        host, [&progress](std::size_t asked, std::size_t all) { progress.Show(asked, all); });
+    AskForEverything(host);
     return RecordedForEverything();
 }
 
@@ -81,9 +89,8 @@ void DescribeRecording(const RecordedModel& model, const std::string& path) {
 }  // namespace
 
 ExitCode CheckRunningHost(const std::string& inputPath, const CheckOptions& options) {
-    LiveHost host;
-    return CheckOnHost({[&host] { return host.Connect(); }, ""}, inputPath, options,
-                       RequireAllDistinct(OutputsOf(options)))
+    WatchedLiveHost live;
+    return CheckOnHost(live.AsChecked(), inputPath, options, RequireAllDistinct(OutputsOf(options)))
         .code;
 }
 
@@ -93,9 +100,10 @@ ExitCode RecordRunningHost(const std::string& inputPath, const std::string& reco
     const NamedFile recording{"the recording", recordingPath, NamedFile::Use::kWritten};
     if (const auto why = WhyRecordingIsRefused(input, recording)) return Fail(kExitUsage, *why);
 
-    LiveHost live;
-    const CheckResult checked = CheckOnHost({[&live] { return live.Connect(); }, ""}, inputPath,
-                                            options, RequireAllDistinct({recording}));
+    WatchedLiveHost live(scope == RecordingScope::kEverything ? ExpectedQuestionsOfEverything
+                                                              : ExpectedQuestionsOfRun);
+    const CheckResult checked =
+        CheckOnHost(live.AsChecked(), inputPath, options, RequireAllDistinct({recording}));
     if (checked.outcome.filesCollide) return kExitUsage;
     RememberingHost* const host = live.Remembered();
     if (checked.outcome.hostFailed)
@@ -105,11 +113,13 @@ ExitCode RecordRunningHost(const std::string& inputPath, const std::string& reco
                     recordingPath + ": not written: the run ended before it had read the model");
     try {
         const RecordedFor purpose = CompleteRecording(*host, inputPath, scope);
+        live.Terminal().Clear();
         RecordedModel model = host->TakeMemory();
         model.recordedFor = purpose;
         WriteQhmFile(model, recordingPath);
         DescribeRecording(model, recordingPath);
     } catch (const HostCallError& error) {
+        live.Terminal().Clear();
         return Fail(kExitEndedEarly,
                     recordingPath + ": not written: a host call failed: " + error.what());
     }
@@ -117,8 +127,8 @@ ExitCode RecordRunningHost(const std::string& inputPath, const std::string& reco
 }
 
 ExitCode SheetOfRunningHost(const std::string& inputPath, const SheetRequest& request) {
-    LiveHost host;
-    return SheetOnHost({[&host] { return host.Connect(); }, ""}, inputPath, "", request);
+    WatchedLiveHost live;
+    return SheetOnHost(live.AsChecked(), inputPath, "", request);
 }
 
 ExitCode LintRunningHost(const LintOptions& options) {

@@ -3,8 +3,8 @@
 #include <iostream>
 
 #include "cli/building.h"
-#include "cli/figure_files.h"
 #include "cli/messages.h"
+#include "compute/describe_run.h"
 #include "host/recorded_host.h"
 #include "input/input_check.h"
 #include "platform/one_line.h"

@@ -117,7 +117,10 @@ void RunSteps(AijCodeRoute2& engine, const std::string& modelPath, const std::st
 
 void NoteFailure(const std::exception& error, RunOutcome& outcome) {
     outcome.failure = error.what();
-    outcome.hostFailed = dynamic_cast<const HostCallError*>(&error) != nullptr;
+    if (const auto* failedCall = dynamic_cast<const HostCallError*>(&error)) {
+        outcome.hostFailed = true;
+        outcome.hostStatus = failedCall->Status();
+    }
     if (const auto* missing = dynamic_cast<const MissingAnswerError*>(&error)) {
         outcome.missingAnswer = missing->Asked();
         outcome.recordedFor = missing->RecordedFor();

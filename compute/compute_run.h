@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -35,6 +36,7 @@ struct RunOutcome {
     bool logWritten = false;      ///< the run wrote a log, at ReportPaths::logFile
     bool resultsWritten = false;  ///< every row is in the results, at ReportPaths::resultFile
     bool hostFailed = false;      ///< a host call failed, which ended the run
+    std::int32_t hostStatus = 0;  ///< ... the status of that call (an HRESULT)
     bool filesCollide = false;    ///< the guard refused the run: nothing was opened
     bool logIsHeld = false;       ///< the log cannot be opened: another run is writing it
     std::string failure;  ///< why a run that is not complete ended, one sentence without a stop

@@ -12,9 +12,14 @@ std::size_t Count(std::int32_t answer) {
     return answer > 0 ? static_cast<std::size_t>(answer) : 0;
 }
 
+// All nodes are asked about before the members are counted.
+std::size_t MembersExpected(const ModelCounts& counts) {
+    return counts.members.value_or(2 * *counts.nodes);
+}
+
 std::size_t QuestionsOfGeometry(const ModelCounts& counts) {
     // Coordinates and support of each node, incidence and rotation of each member.
-    return kQuestionsAboutTheModel + 2 * counts.nodes + 2 * counts.members;
+    return kQuestionsAboutTheModel + 2 * *counts.nodes + 2 * MembersExpected(counts);
 }
 
 }  // namespace
@@ -34,11 +39,9 @@ std::int32_t CountingHost::GetNodeCount() {
     return count;
 }
 
-// A run asks for the load cases, then for the nodes, then for the members.
 std::int32_t CountingHost::GetMemberCount() {
     const std::int32_t count = PassingHost::GetMemberCount();
     progress_.counts.members = Count(count);
-    progress_.counts.areKnown = true;
     return count;
 }
 
@@ -57,16 +60,18 @@ std::int32_t CountingHost::GetLoadCombinationCount() {
 }
 
 std::size_t ExpectedQuestionsOfRun(const ModelCounts& counts) {
-    if (!counts.areKnown) return 0;
+    if (!counts.nodes) return 0;
     // Displacements of the nodes, under every load case; end forces of the members that a story's
     // plane cuts, at one end, under dead load and both earthquakes: seven for every five members,
     // in buildings of beams and columns.
-    return QuestionsOfGeometry(counts) + counts.nodes * counts.loadCases + 7 * counts.members / 5;
+    return QuestionsOfGeometry(counts) + *counts.nodes * counts.loadCases +
+           7 * MembersExpected(counts) / 5;
 }
 
 std::size_t ExpectedQuestionsOfEverything(const ModelCounts& counts) {
-    if (!counts.areKnown) return 0;
-    return QuestionsOfGeometry(counts) + counts.loadCases * (counts.nodes + 2 * counts.members);
+    if (!counts.nodes) return 0;
+    return QuestionsOfGeometry(counts) +
+           counts.loadCases * (*counts.nodes + 2 * MembersExpected(counts));
 }
 
 double ShareDone(std::size_t answered, std::size_t expected) {

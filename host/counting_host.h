@@ -2,15 +2,15 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 
 #include "host/passing_host.h"
 
 /// How much of a building a run will ask about, as far as the host has told by now.
 struct ModelCounts {
-    std::size_t nodes = 0;
-    std::size_t members = 0;
+    std::optional<std::size_t> nodes;
+    std::optional<std::size_t> members;
     std::size_t loadCases = 0;  ///< primary ones and combinations
-    bool areKnown = false;      ///< the host has told all of them
 };
 
 /// How far the questions to a host are.
@@ -49,8 +49,8 @@ private:
 };
 
 /// What a run asks a host that is asked each distinct question once: an estimate, for how many
-/// members a story's plane cuts, and how many nodes are a column's end, shows only later. 0 when
-/// the counts are not known yet.
+/// members a story's plane cuts, and how many nodes are a column's end, shows only later. 0 while
+/// not even the nodes are counted; until the members are, two of them are expected for each node.
 std::size_t ExpectedQuestionsOfRun(const ModelCounts& counts);
 
 /// What AskForEverything (host/recording.h) asks, whatever the run before has asked.

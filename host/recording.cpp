@@ -89,7 +89,7 @@ void AskForOtherEnds(RememberingHost& host) {
     }
 }
 
-void AskForEverything(RememberingHost& host, const RecordingProgress& progress) {
+void AskForEverything(RememberingHost& host) {
     AskForTheModel(host);
     const Numbers nodes = Ask(host, &HostQueries::GetNodeCount, &HostQueries::GetNodeList);
     for (const std::int32_t node : nodes)
@@ -100,18 +100,14 @@ void AskForEverything(RememberingHost& host, const RecordingProgress& progress) 
 
     const Numbers members = MembersAnsweredAbout(host.Memory());
     const Numbers loadCases = AskForLoadCases(host);
-    const std::size_t all = loadCases.size() * (nodes.size() + 2 * members.size());
-    std::size_t asked = 0;
     SixDoubles six{};
     for (const std::int32_t loadCase : loadCases) {
         for (const std::int32_t node : nodes) {
             host.GetNodeDisplacements(node, loadCase, six);
-            progress(++asked, all);
         }
         for (const std::int32_t member : members) {
             for (const std::int32_t end : {0, 1}) {
                 host.GetMemberEndForces(member, end, loadCase, six);
-                progress(++asked, all);
             }
         }
     }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>
-#include <functional>
 #include <string>
 
 #include "host/recorded_model.h"
@@ -22,9 +20,6 @@ RecordedFor RecordedForEverything();
 /// both ends together, and one of them must not be made up. Throws HostCallError.
 void AskForOtherEnds(RememberingHost& host);
 
-/// Is told how many of how many questions about results have been asked.
-using RecordingProgress = std::function<void(std::size_t asked, std::size_t all)>;
-
 /// Asks everything that there is to ask: all nodes, all members, those among them that only the
 /// run has asked about, and the results of each under all load cases. Throws HostCallError.
-void AskForEverything(RememberingHost& host, const RecordingProgress& progress);
+void AskForEverything(RememberingHost& host);

@@ -58,7 +58,7 @@ protected:
 
     RecordedModel RecordEverything() {
         Run(memory, input);
-        AskForEverything(memory, [](std::size_t, std::size_t) {});
+        AskForEverything(memory);
         return WrittenAndReadBack(RecordedForEverything());
     }
 
@@ -141,7 +141,7 @@ TEST_F(Recording, OfEverythingAsksEveryQuestionOnce) {
 
 // A run that stops before it has read the members has asked for none of their angles.
 TEST_F(Recording, OfEverythingNeedsNoRunBefore) {
-    AskForEverything(memory, [](std::size_t, std::size_t) {});
+    AskForEverything(memory);
     const RecordedModel model = WrittenAndReadBack(RecordedForEverything());
     RecordedHost recorded(model, folder.Path("tower.qhm"));
     EXPECT_TRUE(Run(recorded, input).complete);
@@ -159,7 +159,7 @@ TEST_F(Recording, OfEverythingHoldsMembersThatOnlyTheRunHasNamed) {
     RememberingHost hidden(hiding);
     std::int32_t start = 0, end = 0;
     hidden.GetMemberIncidence(77, start, end);
-    AskForEverything(hidden, [](std::size_t, std::size_t) {});
+    AskForEverything(hidden);
     RecordedModel model = hidden.TakeMemory();
     model.recordedFor = RecordedForEverything();
     WriteQhmFile(model, folder.Path("hidden.qhm"));
@@ -168,24 +168,11 @@ TEST_F(Recording, OfEverythingHoldsMembersThatOnlyTheRunHasNamed) {
     EXPECT_NE(nullptr, back.endForces[1].Find(*back.FindMember(77), 101));
 }
 
-TEST_F(Recording, TellsHowFarItIs) {
-    std::vector<std::size_t> asked;
-    std::size_t all = 0;
-    AskForEverything(memory, [&](std::size_t done, std::size_t of) {
-        asked.push_back(done);
-        all = of;
-    });
-    EXPECT_EQ(4u * (8u + 2u * 5u), all);
-    ASSERT_EQ(all, asked.size());
-    EXPECT_EQ(1u, asked.front());
-    EXPECT_EQ(all, asked.back());
-}
-
 TEST_F(Recording, EndsWithTheHostCallThatFails) {
     Run(memory, input);
     host.FailFromNowOn();
     EXPECT_THROW(AskForOtherEnds(memory), HostCallError);
-    EXPECT_THROW(AskForEverything(memory, [](std::size_t, std::size_t) {}), HostCallError);
+    EXPECT_THROW(AskForEverything(memory), HostCallError);
 }
 
 // The end that nobody asked for must not become zeros.

@@ -1,0 +1,67 @@
+#include "sheetapp/window_texts.h"
+
+namespace {
+
+struct Entry {
+    WindowText text;
+    const char* en;
+    const char* ja;
+};
+
+// The arrangement of the mnemonics: no letter twice among the buttons that can be seen together.
+constexpr Entry kEntries[] = {
+    {WindowText::kTitle, "Quarnel Sheet", "Quarnel 計算書"},
+    {WindowText::kInputLabel, "Input file:", "入力ファイル:"},
+    {WindowText::kNoInput, "(none yet)", "(未選択)"},
+    {WindowText::kChoose, "&Choose...", "選択(&C)..."},
+    {WindowText::kOpenInput, "Open &Input", "入力を開く(&I)"},
+    {WindowText::kRunAnyway, "R&un Anyway", "このまま実行(&U)"},
+    {WindowText::kOpenSheet, "Open &Sheet", "計算書(&S)"},
+    {WindowText::kOpenResults, "Open &Results", "結果(&R)"},
+    {WindowText::kOpenLog, "Open &Log", "処理記録(&L)"},
+    {WindowText::kAgain, "&Again", "再実行(&A)"},
+    {WindowText::kCancel, "Cancel", "キャンセル"},
+    {WindowText::kClose, "Close", "閉じる"},
+    {WindowText::kDropHere,
+     "Choose a Route 2 Input file, or drop one here. A recorded building (.qhm) can be dropped "
+     "too.",
+     "ルート2の入力ファイルを選択するか、ここにドロップしてください。建物の記録 (.qhm) "
+     "もドロップできます。"},
+    {WindowText::kInputHasErrors, "The input file has errors. Mend them, or run anyway.",
+     "入力ファイルに誤りがあります。修正するか、このまま実行してください。"},
+    {WindowText::kRunning, "Running on the model of the running host...",
+     "実行中のホストのモデルで計算しています..."},
+    {WindowText::kRunningRecording, "Running on the recorded building {1}...",
+     "建物の記録 {1} で計算しています..."},
+    {WindowText::kHostIsBusy,
+     "The host is busy: it shows a dialog or recalculates. Waiting for it, up to a minute...",
+     "ホストは応答できません(ダイアログの表示中か再計算中)。最長1分間待ちます..."},
+    {WindowText::kCancelling, "Cancelling, as soon as the host has answered...",
+     "ホストの応答を待って中止します..."},
+    {WindowText::kWaitingToClose,
+     "Closing, as soon as the host has answered. Close once more to leave without waiting.",
+     "ホストの応答を待って閉じます。待たずに終了するには、もう一度閉じてください。"},
+    {WindowText::kRecordingNeedsInput,
+     "Recorded building {1}: choose the Route 2 Input file for it.",
+     "建物の記録 {1}: 対応するルート2の入力ファイルを選択してください。"},
+    {WindowText::kAnswers, "{1}   {2} answers of the host", "{1}   ホストの応答 {2} 件"},
+    {WindowText::kInputFindings, "What the input file shows by itself:", "入力ファイルの検査結果:"},
+    {WindowText::kNothingFound, "Nothing was found in the input file.",
+     "入力ファイルに指摘はありません。"},
+    {WindowText::kCannotOpen,
+     "{1} cannot be opened: it is not there, or no program is set for files of its kind.",
+     "{1} "
+     "を開けません。ファイルがないか、この種類のファイルを開くプログラムが設定されていません。"},
+    {WindowText::kNotInputOrRecording,
+     "{1} is neither a Route 2 Input file (.csv) nor a recorded building (.qhm).",
+     "{1} は、ルート2の入力ファイル (.csv) でも建物の記録 (.qhm) でもありません。"},
+    {WindowText::kRemarks, "Remarks on the run:", "実行結果の指摘事項:"},
+};
+
+}  // namespace
+
+std::string TextOf(WindowText text, Language language) {
+    for (const Entry& entry : kEntries)
+        if (entry.text == text) return language == Language::kJapanese ? entry.ja : entry.en;
+    return {};
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "platform/user_language.h"
+
+/// What the window says, by itself.
+enum class WindowText {
+    kTitle,
+    kInputLabel,
+    kNoInput,
+    kChoose,
+    kOpenInput,
+    kRunAnyway,
+    kOpenSheet,
+    kOpenResults,
+    kOpenLog,
+    kAgain,
+    kCancel,
+    kClose,
+    kDropHere,
+    kInputHasErrors,
+    kRunning,
+    kRunningRecording,
+    kHostIsBusy,
+    kCancelling,
+    kWaitingToClose,
+    kRecordingNeedsInput,
+    kAnswers,
+    kInputFindings,
+    kNothingFound,
+    kCannotOpen,
+    kNotInputOrRecording,
+    kRemarks,
+};
+
+/// The text in UTF-8. Buttons have their mnemonic behind an ampersand.
+std::string TextOf(WindowText text, Language language);
