@@ -7,10 +7,11 @@
 namespace {
 
 // Starts SampleHost.exe; what it prints goes to `output` when there is one.
-PROCESS_INFORMATION StartSampleHost(const std::wstring& argument, HANDLE output) {
+PROCESS_INFORMATION StartSampleHost(const std::wstring& argument, const std::wstring& options,
+                                    HANDLE output) {
     const std::filesystem::path program =
         TestProgramFolder().parent_path() / "bin" / "SampleHost.exe";
-    std::wstring commandLine = L"\"" + program.wstring() + L"\" \"" + argument + L"\"";
+    std::wstring commandLine = L"\"" + program.wstring() + L"\" \"" + argument + L"\" " + options;
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESTDHANDLES;
@@ -45,18 +46,24 @@ void ReadUntilReady(HANDLE output) {
 
 }  // namespace
 
-SampleHostProcess::SampleHostProcess(const std::filesystem::path& model) {
+SampleHostProcess::SampleHostProcess(const std::filesystem::path& model,
+                                     const std::wstring& options) {
     SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
     HANDLE read = nullptr, write = nullptr;
     if (!CreatePipe(&read, &write, &inheritable, 0)) throw std::runtime_error("no pipe");
     SetHandleInformation(read, HANDLE_FLAG_INHERIT, 0);
-    process_ = StartSampleHost(model.wstring(), write);
+    process_ = StartSampleHost(model.wstring(), options, write);
     CloseHandle(write);
     ReadUntilReady(read);
     CloseHandle(read);
 }
 
 SampleHostProcess::~SampleHostProcess() {
-    WaitForEnd(StartSampleHost(L"--stop", nullptr));
+    if (!isKilled_) WaitForEnd(StartSampleHost(L"--stop", L"", nullptr));
     WaitForEnd(process_);
+}
+
+void SampleHostProcess::Kill() {
+    TerminateProcess(process_.hProcess, 99);
+    isKilled_ = true;
 }

@@ -1,0 +1,329 @@
+// The window of QuarnelSheet.exe, with the sample host in a process of its own.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "sheetapp/resource.h"
+#include "tests/real_windows/desktop_fixture.h"
+#include "tests/real_windows/running_sheet.h"
+#include "tests/real_windows/sample_host_process.h"
+#include "tests/real_windows/waiting.h"
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+std::filesystem::path Example(const char* name) {
+    return std::filesystem::path(QUARNEL_SOURCE_DIR) / "examples" / name;
+}
+
+std::string ExampleModel() {
+    return ContentOf(Example("two_story_y_up.qhm"));
+}
+
+class SheetWindow : public testing::Test {
+protected:
+    // The model's name is Japanese; log, results and sheet stand beside it.
+    std::filesystem::path Model(const std::string& content = ExampleModel()) const {
+        return folder_.Write(L"\u4E8C\u968E\u5EFA.qhm", content);
+    }
+    std::filesystem::path Beside(const wchar_t* end) const {
+        return folder_.Path() / (L"\u4E8C\u968E\u5EFA." + std::wstring(end));
+    }
+
+    void StartHost(const std::wstring& options = L"") { host_.emplace(Model(), options); }
+    void Start(const std::vector<std::wstring>& arguments) {
+        sheet_.emplace(folder_.Path(), arguments);
+    }
+
+    // With the example's input file, in English whatever this machine speaks.
+    void StartOnInput() { Start({L"--lang", L"en", input_.wstring()}); }
+
+    void WaitForTheEndOfTheRun() { sheet_->WaitForControl(IDC_AGAIN); }
+
+    UnicodeFolder folder_;
+    FileType csv_{L".csv", folder_.Path()};
+    FileType txt_{L".txt", folder_.Path()};
+    FileType html_{L".html", folder_.Path()};
+    const std::filesystem::path input_ =
+        folder_.Write(L"\u5165\u529B.csv", ContentOf(Example("two_story_y_up.csv")));
+    const std::filesystem::path inputWithoutEnd_ =
+        folder_.Write(L"no fin.csv", "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n");
+    std::optional<SampleHostProcess> host_;
+    std::optional<RunningSheet> sheet_;
+};
+
+}  // namespace
+
+TEST_F(SheetWindow, AsksForAnInputFileWhenItIsStartedWithoutOne) {
+    StartHost();
+    Start({L"--lang", L"en"});
+    sheet_->WaitForPopup().Choose(input_);
+    WaitForTheEndOfTheRun();
+    EXPECT_EQ(input_.wstring(), sheet_->Text(IDC_INPUT));
+}
+
+TEST_F(SheetWindow, WaitsForADropWhenNoFileIsChosen) {
+    Start({L"--lang", L"en"});
+    sheet_->WaitForPopup().Press(IDCANCEL);
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"Choose a Route 2 Input file"));
+    EXPECT_FALSE(sheet_->IsShown(IDC_AGAIN));
+}
+
+TEST_F(SheetWindow, OpensTheSheetOfACompleteRunInTheRegisteredProgram) {
+    StartHost();
+    StartOnInput();
+    EXPECT_EQ(Utf8(Beside(L"aijR2Sheet.html")), html_.TakeOpenedPath());
+    EXPECT_THAT(ContentOf(Beside(L"aijR2Sheet.html")), StartsWith("<!DOCTYPE html>"));
+    EXPECT_TRUE(std::filesystem::exists(Beside(L"aijR2Result.csv")));
+}
+
+TEST_F(SheetWindow, TellsTheVerdictInOneLine) {
+    StartHost();
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    const std::wstring headline = sheet_->Text(IDC_HEADLINE);
+    EXPECT_THAT(headline, StartsWith(L"NG: "));
+    EXPECT_THAT(headline, HasSubstr(L", story "));
+    EXPECT_THAT(headline, Not(HasSubstr(L"\n")));
+}
+
+TEST_F(SheetWindow, ShowsTheStatusLinesOfTheRun) {
+    StartHost();
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_LINES),
+                HasSubstr(L"Saving output...\r\nCalculation Complete\r\nFinishes process...\r\n"
+                          L"Closing error log file...\r\n"));
+}
+
+TEST_F(SheetWindow, OpensSheetResultsAndLogByItsButtons) {
+    StartHost();
+    StartOnInput();
+    html_.TakeOpenedPath();
+    sheet_->WaitForControl(IDC_OPEN_SHEET);
+    sheet_->Click(IDC_OPEN_SHEET);
+    EXPECT_EQ(Utf8(Beside(L"aijR2Sheet.html")), html_.TakeOpenedPath());
+    sheet_->Click(IDC_OPEN_RESULTS);
+    EXPECT_EQ(Utf8(Beside(L"aijR2Result.csv")), csv_.TakeOpenedPath());
+    sheet_->Click(IDC_OPEN_LOG);
+    EXPECT_EQ(Utf8(Beside(L"aijR2Log.txt")), txt_.TakeOpenedPath());
+}
+
+TEST_F(SheetWindow, RunsAgain) {
+    StartHost();
+    StartOnInput();
+    html_.TakeOpenedPath();
+    sheet_->WaitForControl(IDC_AGAIN);
+    sheet_->Click(IDC_AGAIN);
+    EXPECT_EQ(Utf8(Beside(L"aijR2Sheet.html")), html_.TakeOpenedPath());
+}
+
+TEST_F(SheetWindow, TakesAnInputFileThatIsDroppedOnIt) {
+    StartHost();
+    Start({L"--lang", L"en"});
+    sheet_->WaitForPopup().Press(IDCANCEL);
+    sheet_->Drop({input_});
+    WaitForTheEndOfTheRun();
+    EXPECT_TRUE(sheet_->IsShown(IDC_OPEN_SHEET));
+}
+
+TEST_F(SheetWindow, AsksForTheInputFileOfADroppedRecording) {
+    Start({L"--lang", L"en"});
+    sheet_->WaitForPopup().Press(IDCANCEL);
+    sheet_->Drop({Model()});
+    sheet_->WaitForPopup().Choose(input_);
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"NG: "));
+    EXPECT_TRUE(std::filesystem::exists(Beside(L"aijR2Sheet.html")));
+}
+
+TEST_F(SheetWindow, TakesARecordingAndItsInputFileTogether) {
+    Start({L"--lang", L"en", input_.wstring(), Model().wstring()});
+    WaitForTheEndOfTheRun();
+    EXPECT_TRUE(sheet_->IsShown(IDC_OPEN_SHEET));
+}
+
+TEST_F(SheetWindow, SaysOfAnotherFileThatItIsNone) {
+    Start({L"--lang", L"en", folder_.Write(L"notes.txt", "x").wstring()});
+    sheet_->WaitForText(IDC_HEADLINE, L"notes.txt is neither a Route 2 Input file (.csv) nor");
+}
+
+TEST_F(SheetWindow, ShowsTheErrorsOfAnInputFileBeforeItRuns) {
+    StartHost();
+    Start({L"--lang", L"en", inputWithoutEnd_.wstring()});
+    sheet_->WaitForControl(IDC_RUN_ANYWAY);
+    EXPECT_EQ(L"The input file has errors. Mend them, or run anyway.", sheet_->Text(IDC_HEADLINE));
+    EXPECT_THAT(sheet_->Text(IDC_LINES), HasSubstr(L"error "));
+    EXPECT_EQ(L"Cancel", sheet_->Text(IDCANCEL));
+    sheet_->Click(IDC_OPEN_INPUT);
+    EXPECT_EQ(Utf8(inputWithoutEnd_), csv_.TakeOpenedPath());
+    EXPECT_FALSE(std::filesystem::exists(Beside(L"aijR2Log.txt")));
+}
+
+TEST_F(SheetWindow, RunsAnInputFileWithErrorsWhenItIsTold) {
+    StartHost();
+    Start({L"--lang", L"en", inputWithoutEnd_.wstring()});
+    sheet_->WaitForControl(IDC_RUN_ANYWAY);
+    sheet_->Click(IDC_RUN_ANYWAY);
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE),
+                StartsWith(L"The input file cannot be read to a line that begins with FIN."));
+    EXPECT_TRUE(sheet_->IsShown(IDC_OPEN_INPUT));
+    EXPECT_TRUE(sheet_->IsShown(IDC_OPEN_LOG));
+    EXPECT_FALSE(sheet_->IsShown(IDC_OPEN_SHEET));
+}
+
+TEST_F(SheetWindow, ClosesAtTheEscapeKey) {
+    StartHost();
+    Start({L"--lang", L"en", inputWithoutEnd_.wstring()});
+    sheet_->WaitForControl(IDC_RUN_ANYWAY);
+    sheet_->Key(VK_ESCAPE);
+    sheet_->WaitForEnd();
+}
+
+// The focus goes through the buttons that can be seen, in their order, and Enter presses one.
+TEST_F(SheetWindow, CanBeWorkedByTheKeyboardAlone) {
+    StartHost();
+    StartOnInput();
+    html_.TakeOpenedPath();
+    WaitFor("the focus", [this] { return sheet_->Focus() == sheet_->Control(IDC_OPEN_SHEET); });
+    for (const int next : {IDC_OPEN_RESULTS, IDC_OPEN_LOG, IDC_AGAIN, IDCANCEL, IDC_CHOOSE}) {
+        sheet_->Key(VK_TAB);
+        WaitFor("the next button", [&] { return sheet_->Focus() == sheet_->Control(next); });
+    }
+    PostMessageW(sheet_->Window(), WM_NEXTDLGCTL,
+                 reinterpret_cast<WPARAM>(sheet_->Control(IDC_OPEN_RESULTS)), TRUE);
+    WaitFor("the button", [&] { return sheet_->Focus() == sheet_->Control(IDC_OPEN_RESULTS); });
+    sheet_->Key(VK_RETURN);
+    EXPECT_EQ(Utf8(Beside(L"aijR2Result.csv")), csv_.TakeOpenedPath());
+}
+
+TEST_F(SheetWindow, SaysWhatToDoWithoutARunningHost) {
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    EXPECT_EQ(L"No running host was found.", sheet_->Text(IDC_HEADLINE));
+    EXPECT_THAT(sheet_->Text(IDC_LINES), StartsWith(L"Start the host, open the model"));
+    EXPECT_FALSE(sheet_->IsShown(IDC_OPEN_LOG));
+}
+
+TEST_F(SheetWindow, SaysWhatToDoWithoutAnalysisResults) {
+    std::string model = ExampleModel();
+    model.insert(model.find('{') + 1, "\"resultsAvailable\": false,");
+    const std::size_t older = model.find("\"resultsAvailable\": true,");
+    if (older != std::string::npos) model.erase(older, 25);
+    host_.emplace(Model(model));
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    EXPECT_EQ(L"The model has no analysis results.", sheet_->Text(IDC_HEADLINE));
+    EXPECT_TRUE(sheet_->IsShown(IDC_OPEN_LOG));
+}
+
+// A folder stands where the log is to go.
+TEST_F(SheetWindow, SaysWhatToDoWhenNothingCanBeWrittenBesideTheModel) {
+    StartHost();
+    std::filesystem::create_directory(Beside(L"aijR2Log.txt"));
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), HasSubstr(L"aijR2Log.txt cannot be written."));
+    EXPECT_FALSE(sheet_->IsShown(IDC_OPEN_SHEET));
+}
+
+TEST_F(SheetWindow, SaysThatASheetCannotBeWrittenAndShowsTheVerdict) {
+    StartHost();
+    std::filesystem::create_directory(Beside(L"aijR2Sheet.html"));
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), HasSubstr(L"The sheet could not be written."));
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"NG: "));
+    EXPECT_TRUE(sheet_->IsShown(IDC_OPEN_RESULTS));
+    EXPECT_FALSE(sheet_->IsShown(IDC_OPEN_SHEET));
+}
+
+// Each call takes a twentieth of a second: a run of ten seconds, cancelled when its first lines are
+// there.
+TEST_F(SheetWindow, CancelsARunBetweenTwoCalls) {
+    StartHost(L"--delay 50");
+    StartOnInput();
+    sheet_->WaitForText(IDC_LINES, L"Setting node information...");
+    sheet_->Click(IDCANCEL);
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"Cancelled."));
+    EXPECT_THAT(sheet_->Text(IDC_LINES), HasSubstr(L"Exception was thrown...\r\n"));
+    EXPECT_THAT(sheet_->Text(IDC_LINES), Not(HasSubstr(L"Calculation Complete")));
+    EXPECT_THAT(ContentOf(Beside(L"aijR2Log.txt")), HasSubstr("node info"));
+    EXPECT_FALSE(std::filesystem::exists(Beside(L"aijR2Sheet.html")));
+    EXPECT_FALSE(html_.HasOpened());
+}
+
+TEST_F(SheetWindow, ClosesAfterACallWhenItIsClosedDuringARun) {
+    StartHost(L"--delay 50");
+    StartOnInput();
+    sheet_->WaitForText(IDC_LINES, L"Setting node information...");
+    PostMessageW(sheet_->Window(), WM_CLOSE, 0, 0);
+    PostMessageW(sheet_->Window(), WM_CLOSE, 0, 0);
+    sheet_->WaitForEnd();
+}
+
+// While a call waits for the host for two seconds, the window takes its messages.
+TEST_F(SheetWindow, AnswersWhileTheHostTakesItsTime) {
+    StartHost(L"--delay 2000");
+    StartOnInput();
+    sheet_->WaitForText(IDC_HEADLINE, L"Running on the model");
+    PostMessageW(sheet_->Window(), WM_SYSCOMMAND, SC_MINIMIZE, 0);
+    WaitFor("the window to be minimised", [this] { return IsIconic(sheet_->Window()) != FALSE; });
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"Running on the model"));
+}
+
+TEST_F(SheetWindow, ShowsProgressAsAnswersCome) {
+    StartHost(L"--delay 20");
+    StartOnInput();
+    LRESULT before = 0;
+    for (int moves = 0; moves < 5; ++moves) {
+        WaitFor("the bar to move", [&] {
+            return SendMessageW(sheet_->Control(IDC_PROGRESS), WM_USER + 8, 0, 0) > before;
+        });
+        before = SendMessageW(sheet_->Control(IDC_PROGRESS), WM_USER + 8, 0, 0);
+    }
+    EXPECT_THAT(sheet_->Text(IDC_ELAPSED), HasSubstr(L" answers of the host"));
+}
+
+TEST_F(SheetWindow, WaitsForABusyHostAndSaysSo) {
+    StartHost(L"--busy 3");
+    StartOnInput();
+    sheet_->WaitForText(IDC_HEADLINE, L"The host is busy");
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"NG: "));
+}
+
+TEST_F(SheetWindow, GivesABusyHostUpWhenItIsCancelled) {
+    StartHost(L"--busy 600");
+    StartOnInput();
+    sheet_->WaitForText(IDC_HEADLINE, L"The host is busy");
+    sheet_->Click(IDCANCEL);
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"Cancelled."));
+}
+
+TEST_F(SheetWindow, SaysThatTheHostHasEndedInTheMiddle) {
+    StartHost(L"--delay 50");
+    StartOnInput();
+    sheet_->WaitForText(IDC_LINES, L"Setting node information...");
+    host_->Kill();
+    WaitForTheEndOfTheRun();
+    EXPECT_EQ(L"The host has ended during the run.", sheet_->Text(IDC_HEADLINE));
+    EXPECT_TRUE(sheet_->IsShown(IDC_OPEN_LOG));
+}
+
+TEST_F(SheetWindow, SpeaksJapanese) {
+    StartHost();
+    Start({L"--lang", L"ja", input_.wstring()});
+    WaitForTheEndOfTheRun();
+    EXPECT_EQ(L"Quarnel \u8A08\u7B97\u66F8", sheet_->Title());
+    EXPECT_EQ(L"\u9589\u3058\u308B", sheet_->Text(IDCANCEL));
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), HasSubstr(L"\u65B9\u5411"));
+}
