@@ -21,7 +21,7 @@ void CallMeter::Refused() {
     ++refused_;
 }
 
-long CallMeter::Total() const {
+long CallMeter::TotalCalls() const {
     long sum = refused_;
     for (const auto& [name, count] : answered_)
         sum += count;

@@ -18,8 +18,8 @@ public:
     /// The same for a call that the host does not offer in this form.
     void Refused();
 
-    long Refused() const { return refused_; }
-    long Total() const;
+    long RefusedCalls() const { return refused_; }
+    long TotalCalls() const;
 
     /// One line per name, "NAME COUNT", then "Refused COUNT".
     std::string Report() const;

@@ -142,7 +142,7 @@ int Serve(const Options& options) {
     std::cout << "Ready: process " << GetCurrentProcessId() << "." << std::endl;
     stopWindow.RunUntilStopped();
 
-    std::cout << "Stopped after " << meter->Total() << " calls, " << meter->Refused()
+    std::cout << "Stopped after " << meter->TotalCalls() << " calls, " << meter->RefusedCalls()
               << " of them refused." << std::endl;
     if (!options.callCountFile.empty()) WriteCallCounts(*meter, options.callCountFile);
     return kExitStopped;

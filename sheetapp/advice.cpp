@@ -133,7 +133,7 @@ Trouble TroubleOfHost(std::int32_t status) {
 }
 
 Trouble TroubleOfStart(const RunOutcome& outcome) {
-    if (outcome.opensLog) return Trouble::kInputWithoutEnd;
+    if (outcome.logWritten) return Trouble::kInputWithoutEnd;
     return outcome.logIsHeld ? Trouble::kLogHeld : Trouble::kLogNotWritten;
 }
 

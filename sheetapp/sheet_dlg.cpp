@@ -311,7 +311,7 @@ void SheetDialog::ShowButtons() {
     ShowButton(IDC_OPEN_SHEET, ended && !result_.sheetPath.empty());
     ShowButton(IDC_OPEN_RESULTS, complete);
     ShowButton(IDC_OPEN_INPUT, stage_ == Stage::kInputErrors || (ended && !complete));
-    ShowButton(IDC_OPEN_LOG, ended && result_.outcome.opensLog);
+    ShowButton(IDC_OPEN_LOG, ended && result_.outcome.logWritten);
     ShowButton(IDC_RUN_ANYWAY, stage_ == Stage::kInputErrors);
     ShowButton(IDC_AGAIN, ended);
     ShowButton(IDC_PROGRESS, stage_ == Stage::kRunning || ended);

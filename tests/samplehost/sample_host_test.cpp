@@ -271,7 +271,7 @@ TEST_F(SampleHostObjects, CountAnsweredAndRefusedCalls) {
     EXPECT_THAT(meter->Report(), HasSubstr("GetNodeCount 2\n"));
     EXPECT_THAT(meter->Report(), HasSubstr("Refused 1\n"));
     // Ten properties and PostConnectCall of the connection, and these three.
-    EXPECT_EQ(14, meter->Total());
+    EXPECT_EQ(14, meter->TotalCalls());
 }
 
 TEST(SampleHostLifetime, EndsWithItsLastReference) {
