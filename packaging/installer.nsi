@@ -1,4 +1,5 @@
-; Installer of Quarnel for one user: no administrator rights, silent with /S.
+; Installer of Quarnel for one user: no administrator rights, silent with /S. With /SENDTO as well, or
+; ticked by the user, Explorer's menu "Send to" has an entry for input files.
 ;
 ; Made by scripts/make-installer.sh, which defines
 ;   VERSION        as in project()
@@ -20,9 +21,12 @@ SetCompressor /SOLID lzma
 !include "FileFunc.nsh"
 !include "LogicLib.nsh"
 !include "MUI2.nsh"
+!include "Sections.nsh"
 !include "checksum.nsh"
 !include "installed_files.nsh"
+!include "recorded_buildings.nsh"
 
+!define SEND_TO_ENTRY "$SENDTO\Quarnel Sheet.lnk"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Quarnel"
 
 Name "Quarnel ${VERSION}"
@@ -42,6 +46,8 @@ VIAddVersionKey "LegalCopyright" "Quarnel"
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Quarnel.exe"
+!define MUI_COMPONENTSPAGE_NODESC
+!insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -60,7 +66,8 @@ Var isOurs   ; whether it is an installer's
 Var unpacked ; folder of the new files before they are put in place
 Var written  ; handle of the new list
 
-Section
+Section "Quarnel"
+    SectionIn RO
     AddSize ${CONTENT_KB}
     Call MakeFolder
     Call ExtractLists
@@ -72,6 +79,21 @@ Section
     Call PutFilesInPlace
     Call Register
 SectionEnd
+
+Section /o "'Send to' entry for input files" SEND_TO
+    CreateShortcut "${SEND_TO_ENTRY}" "$INSTDIR\QuarnelSheet.exe"
+SectionEnd
+
+; An upgrade keeps the entry that an earlier installation made.
+Function .onInit
+    ClearErrors
+    ${GetParameters} $0
+    ${GetOptions} $0 "/SENDTO" $1
+    ${IfNot} ${Errors}
+    ${OrIf} ${FileExists} "${SEND_TO_ENTRY}"
+        !insertmacro SelectSection ${SEND_TO}
+    ${EndIf}
+FunctionEnd
 
 ; Ends without having changed anything: a message, or the exit code for who installs without
 ; questions.
@@ -234,6 +256,8 @@ FunctionEnd
 Function Register
     CreateDirectory "$SMPROGRAMS\Quarnel"
     CreateShortcut "$SMPROGRAMS\Quarnel\Quarnel.lnk" "$INSTDIR\Quarnel.exe"
+    CreateShortcut "$SMPROGRAMS\Quarnel\Quarnel Sheet.lnk" "$INSTDIR\QuarnelSheet.exe"
+    Call RegisterRecordedBuildings
     !insertmacro CreateManualShortcut "manual.html" "Manual"
     !insertmacro CreateManualShortcut "manual.ja.html" "Manual (Japanese)"
 
@@ -279,6 +303,9 @@ Function un.Unregister
     ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
     ${If} $0 == $INSTDIR
         Delete "$SMPROGRAMS\Quarnel\Quarnel.lnk"
+        Delete "$SMPROGRAMS\Quarnel\Quarnel Sheet.lnk"
+        Delete "${SEND_TO_ENTRY}"
+        Call un.UnregisterRecordedBuildings
         Delete "$SMPROGRAMS\Quarnel\Manual.lnk"
         Delete "$SMPROGRAMS\Quarnel\Manual (Japanese).lnk"
         RMDir "$SMPROGRAMS\Quarnel"

@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
-# Makes the packages for Windows users: a portable .zip and an installer.
-# Usage: scripts/package.sh [FOLDER]      (default: build/packages)
+# Makes the packages for Windows users: a portable .zip and an installer; and the manifests by which
+# package managers find them.
+# Usage: scripts/package.sh [FOLDER [BASE]]      (default: build/packages https://BASE-ADDRESS)
 #
+# BASE: the address below which whoever publishes the two files offers them.
 # Needs nothing but this checkout on a Debian machine. Of the examples, what git tracks is packed.
 # The same sources give the same .zip, byte for byte, in whatever folder and whenever.
 set -euo pipefail
 out=$(realpath -m "${1:-$(dirname "$0")/../build/packages}")
+base=${2:-https://BASE-ADDRESS}
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
 scripts/install-packages.sh "${native_packages[@]}" "${windows_packages[@]}" \
@@ -50,6 +53,9 @@ rm -f "$out/$name.zip"
 cp "$work/$name.zip" "$out/$name.zip"
 
 scripts/make-installer.sh "$version" "$content" "$out/quarnel-$version-setup.exe"
+scripts/make-manifests.sh "$version" "$base" "$out/$name.zip" "$out/quarnel-$version-setup.exe" \
+    "$out/manifests"
 
 echo "$out/$name.zip"
 echo "$out/quarnel-$version-setup.exe"
+echo "$out/manifests"

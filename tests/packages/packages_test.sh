@@ -197,6 +197,19 @@ UnpackedCommandLineCompletesARun() {
     grep -q '^Calculation Complete' "$work/out" || fail "$(cat "$work/out")"
 }
 
+ManifestsNameThePackagesWithTheirChecksums() {
+    local base=https://BASE-ADDRESS installer=quarnel-$version-setup.exe zip=quarnel-$version-win64.zip
+    local winget=$work/manifests/winget/Quarnel.Quarnel.installer.yaml sum
+    sum=$(sha256sum "$work/$installer" | cut -d ' ' -f 1 | tr a-f A-F)
+    grep -qx "  InstallerUrl: $base/$installer" "$winget" || fail "winget has another address"
+    grep -qx "  InstallerSha256: $sum" "$winget" || fail "winget has another checksum"
+    sum=$(sha256sum "$work/$zip" | cut -d ' ' -f 1)
+    python3 -c 'import json, sys
+package = json.load(open(sys.argv[1]))["architecture"]["64bit"]
+sys.exit([package["url"], package["hash"]] != sys.argv[2:])' \
+        "$work/manifests/scoop/quarnel.json" "$base/$zip" "$sum" || fail "scoop has another package"
+}
+
 # --- Cases: installing and removing ------------------------------------------------------------
 
 # Without /D it goes to its own folder, which is new.
@@ -208,6 +221,7 @@ InstalledProgramsRunAndAreRegistered() {
     folder=$(unix_path "$(value_of InstallLocation)")
     menu=$(unix_path "$(windows cmd /c 'echo %APPDATA%')")/Microsoft/Windows/"Start Menu"/Programs
     expect_file "$menu/Quarnel/Quarnel.lnk"
+    expect_file "$menu/Quarnel/Quarnel Sheet.lnk"
     expect_file "$menu/Quarnel/Manual.lnk"
     expect_file "$menu/Quarnel/Manual (Japanese).lnk"
     for program in "${programs[@]}"; do
@@ -302,6 +316,52 @@ UninstallingOneOfTwoLeavesTheRegistrationOfTheOther() {
     install first 'C:\case.other'
     uninstall
     [ "$(value_of InstallLocation)" = 'C:\case.other' ] || fail "the other one is not registered"
+}
+
+# --- Cases: what Explorer knows ------------------------------------------------------------------
+
+classes='HKCU\Software\Classes'
+send_to() {
+    echo "$(unix_path "$(windows cmd /c 'echo %APPDATA%')")/Microsoft/Windows/SendTo/Quarnel Sheet.lnk"
+}
+default_of() {
+    windows reg query "$classes\\$1" /ve 2>/dev/null | sed -n 's/.*REG_SZ *//p'
+}
+is_registered() { windows reg query "$classes\\$1" >/dev/null 2>&1; }
+
+RecordedBuildingsAreOpenedByTheSheet() {
+    install first
+    [ "$(default_of .qhm)" = Quarnel.RecordedBuilding ] || fail "the type is '$(default_of .qhm)'"
+    [ "$(default_of 'Quarnel.RecordedBuilding\shell\open\command')" = \
+        '"C:\case\QuarnelSheet.exe" "%1"' ] || fail "the command is another"
+    uninstall
+    ! is_registered .qhm || fail "the extension is still there"
+    ! is_registered Quarnel.RecordedBuilding || fail "the program is still there"
+}
+
+RecordedBuildingsThatTheUserOpensOtherwiseStaySo() {
+    local found
+    windows reg add "$classes\\.qhm" /ve /d Mine /f >/dev/null
+    install first
+    found=$(default_of .qhm)
+    uninstall
+    found+=", $(default_of .qhm)"
+    windows reg delete "$classes\\.qhm" /f >/dev/null
+    [ "$found" = "Mine, Mine" ] || fail "the type was $found"
+}
+
+SendToHasNoEntryUnlessItIsAskedFor() {
+    install first
+    expect_none "$(send_to)"
+}
+
+SendToEntryIsMadeKeptByAnUpgradeAndRemoved() {
+    wine "$work/first.exe" /S /SENDTO '/D=C:\case' </dev/null
+    expect_file "$(send_to)"
+    install second
+    expect_file "$(send_to)"
+    uninstall
+    expect_none "$(send_to)"
 }
 
 # --- Cases: upgrading --------------------------------------------------------------------------
