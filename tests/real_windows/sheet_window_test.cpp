@@ -213,9 +213,8 @@ TEST_F(SheetWindow, SaysWhatToDoWithoutARunningHost) {
 
 TEST_F(SheetWindow, SaysWhatToDoWithoutAnalysisResults) {
     std::string model = ExampleModel();
-    model.insert(model.find('{') + 1, "\"resultsAvailable\": false,");
-    const std::size_t older = model.find("\"resultsAvailable\": true,");
-    if (older != std::string::npos) model.erase(older, 25);
+    const std::string available = "\"resultsAvailable\": true";
+    model.replace(model.find(available), available.size(), "\"resultsAvailable\": false");
     host_.emplace(Model(model));
     StartOnInput();
     WaitForTheEndOfTheRun();
