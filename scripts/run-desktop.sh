@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Shows the dialog at work under Wine, with the sample host serving an example building: on the
+# Shows the dialog and Quarnel Sheet at work under Wine, with the sample host serving an example building: on the
 # display if there is one, to be closed by the user; else on a virtual display, with a screenshot.
 # Usage: scripts/run-desktop.sh       (after building the Windows target show_run; see ./run)
 set -euo pipefail
@@ -27,6 +27,12 @@ add_fonts() {
     ln -sf /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$prefix/drive_c/windows/Fonts/"
 }
 
+# Sheets are opened by the user's own browser, where there is one.
+open_pages_outside() {
+    wine reg add 'HKCR\.html' /ve /d htmlfile /f >/dev/null 2>&1
+    wine reg add 'HKCR\htmlfile\shell\open\command' /ve /d 'winebrowser.exe "%1"' /f >/dev/null 2>&1
+}
+
 # The folder is the tool's drive D. Wine's own remarks are left out.
 show_run() {
     ln -sfn "$folder" "$prefix/dosdevices/d:"
@@ -36,7 +42,8 @@ show_run() {
 
 show_to_the_user() {
     start_prefix "$prefix"
-    echo "The dialog opens; it is yours after the run. Done closes it."
+    open_pages_outside
+    echo "The dialog and Quarnel Sheet open; they are yours after the run. Close both to end."
     show_run --until-closed </dev/null
 }
 
@@ -44,6 +51,7 @@ show_to_the_user() {
 take_screenshot() {
     local line=
     start_wine "$prefix"
+    open_pages_outside
     coproc shown { show_run; }
     local output=${shown[0]} input_end=${shown[1]} pid=$shown_PID
     while IFS= read -r line <&"$output"; do
@@ -70,3 +78,4 @@ else
 fi
 echo "log:        ${model%qhm}aijR2Log.txt"
 echo "results:    ${model%qhm}aijR2Result.csv"
+echo "sheet:      ${model%qhm}aijR2Sheet.html"

@@ -311,7 +311,9 @@ void SheetDialog::ShowButtons() {
     ShowButton(IDC_OPEN_SHEET, ended && !result_.sheetPath.empty());
     ShowButton(IDC_OPEN_RESULTS, complete);
     ShowButton(IDC_OPEN_INPUT, stage_ == Stage::kInputErrors || (ended && !complete));
-    ShowButton(IDC_OPEN_LOG, ended && result_.outcome.logWritten);
+    const bool hasLog = ended && result_.outcome.logWritten;
+    ShowButton(IDC_OPEN_LOG, hasLog);
+    PlaceAt(IDC_OPEN_INPUT, hasLog ? IDC_OPEN_RESULTS : IDC_OPEN_LOG);
     ShowButton(IDC_RUN_ANYWAY, stage_ == Stage::kInputErrors);
     ShowButton(IDC_AGAIN, ended);
     ShowButton(IDC_PROGRESS, stage_ == Stage::kRunning || ended);
@@ -321,6 +323,15 @@ void SheetDialog::ShowButtons() {
 
 void SheetDialog::ShowButton(int id, bool isShown) {
     ShowWindow(GetDlgItem(Window(), id), isShown ? SW_SHOWNA : SW_HIDE);
+}
+
+// The place is looked up each time: it moves with the resolution of the screen.
+void SheetDialog::PlaceAt(int id, int other) {
+    RECT place;
+    GetWindowRect(GetDlgItem(Window(), other), &place);
+    MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
+    SetWindowPos(GetDlgItem(Window(), id), nullptr, place.left, place.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // The button with the focus is what Enter presses, too.

@@ -43,6 +43,7 @@ private:
     void Enter(Stage stage);
     void ShowButtons();
     void ShowButton(int id, bool isShown);
+    void PlaceAt(int id, int other);
     void FocusOn(int id);
     void SetText(int id, const std::string& utf8);
     void SetText(int id, WindowText text) { SetText(id, TextOf(text, language_)); }

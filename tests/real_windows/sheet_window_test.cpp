@@ -273,7 +273,7 @@ TEST_F(SheetWindow, AnswersWhileTheHostTakesItsTime) {
     StartHost(L"--delay 2000");
     StartOnInput();
     sheet_->WaitForText(IDC_HEADLINE, L"Running on the model");
-    PostMessageW(sheet_->Window(), WM_SYSCOMMAND, SC_MINIMIZE, 0);
+    ShowWindow(sheet_->Window(), SW_MINIMIZE);
     WaitFor("the window to be minimised", [this] { return IsIconic(sheet_->Window()) != FALSE; });
     EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"Running on the model"));
 }

@@ -94,7 +94,7 @@ TEST_F(VerdictLineText, OfOkNamesWhatComesClosestToItsLimit) {
 }
 
 TEST_F(VerdictLineText, OfOkCountsWhatIsToBeChecked) {
-    findings.remarks = {{.id = "R05", .kind = RemarkKind::kWarning}};
+    findings.remarks = {{"R05", RemarkKind::kWarning, {}, {}, "", "", "", ""}};
     EXPECT_EQ("OK (1 to check): closest to its limit: stiffness ratio, story 1, X, 1.200 ≥ 0.6",
               Line());
 }
@@ -106,7 +106,7 @@ TEST_F(VerdictLineText, IsOpenWhereAValueCannotBeDetermined) {
 }
 
 TEST_F(VerdictLineText, IsOpenWhereARemarkIsAnError) {
-    findings.remarks = {{.id = "R03", .kind = RemarkKind::kError}};
+    findings.remarks = {{"R03", RemarkKind::kError, {}, {}, "", "", "", ""}};
     findings.verdict.code = CodeVerdict::kUndetermined;
     EXPECT_EQ("Open: 1 to be mended first", Line());
 }
