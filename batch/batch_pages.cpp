@@ -2,7 +2,6 @@
 
 #include "sheet/html.h"
 #include "sheet/page_parts.h"
-#include "sheet/style.h"
 #include "sheet/table.h"
 
 namespace {
@@ -66,14 +65,6 @@ std::string RowOf(const JobOutcome& outcome) {
            Cell(Link(folder + kFiguresName, "JSON") + " " + Link(folder + kOutputName, "run"), "c");
 }
 
-std::string Style() {
-    std::string style(kSheetStyle);
-    constexpr std::string_view kFoot = "PAGE_FOOT";
-    if (const std::size_t at = style.find(kFoot); at != std::string::npos)
-        style.replace(at, kFoot.size(), "Quarnel");
-    return style;
-}
-
 // A field of the summary: quoted where it must be.
 std::string Field(const std::string& text) {
     if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
@@ -99,13 +90,8 @@ std::string BatchIndex(const std::vector<JobOutcome>& outcomes) {
                    {{"ファイル", "Files"}}});
     for (const JobOutcome& outcome : outcomes)
         table.Row(RowOf(outcome));
-    return "<!DOCTYPE html>\n<html lang=\"ja\">\n<head>\n<meta charset=\"utf-8\">\n"
-           "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
-           "'unsafe-inline'\">\n<meta name=\"viewport\" content=\"width=device-width\">\n"
-           "<title>Quarnel</title>\n<style>" +
-           Style() + "</style>\n</head>\n<body>\n<main>\n" +
-           Element("h1", {}, InBoth({"計算の一覧", "Batch of runs"})) + table.Html() +
-           "</main>\n</body>\n</html>\n";
+    return PlainPage("Quarnel",
+                     Element("h1", {}, InBoth({"計算の一覧", "Batch of runs"})) + table.Html());
 }
 
 std::string BatchSummary(const std::vector<JobOutcome>& outcomes) {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "compare/figure_texts.h"
 #include "compare/figures_file.h"
 #include "platform/one_line.h"
 #include "platform/regular_file.h"
-#include "report/number_text.h"
 
 namespace {
 
@@ -21,28 +21,18 @@ void TakeDirection(const RunRead& run, const StoryRead& story, std::size_t axis,
                    JobOutcome& outcome) {
     const DirectionRead& direction = story.directions.at(axis);
     const std::string name = axis == 0 ? "X" : run.secondDirection;
-    if (direction.angle) {
-        WorstUprightMember worst;
-        worst.drift = direction.worstDrift;
-        worst.angle = direction.angle;
-        worst.allowable = direction.angleLimit;
-        worst.code = direction.angleCode;
+    if (direction.angle)
         Take(outcome.governing[0],
-             {AngleBesideLimitText(worst, story.height, kTerminalNumbers).angle, story.number, name,
+             {AngleTextOf(story, direction, kTerminalNumbers), story.number, name,
               direction.angleCode, *direction.angle / direction.angleLimit});
-    }
     if (direction.ratio)
         Take(outcome.governing[1],
-             {JudgedText(direction.ratio, kStiffnessRatioFormat, kCodeStiffnessRatio,
-                         direction.ratioCode, kTerminalNumbers),
-              story.number, name, direction.ratioCode,
+             {RatioTextOf(direction, kTerminalNumbers), story.number, name, direction.ratioCode,
               // A negative ratio is worse than any other.
               *direction.ratio > 0.0 ? kCodeStiffnessRatio / *direction.ratio : 1e9});
     if (direction.modulus)
         Take(outcome.governing[2],
-             {JudgedText(direction.modulus, kModulusFormat, kCodeEccentricityModulus,
-                         direction.modulusCode, kTerminalNumbers),
-              story.number, name, direction.modulusCode,
+             {ModulusTextOf(direction, kTerminalNumbers), story.number, name, direction.modulusCode,
               *direction.modulus / kCodeEccentricityModulus});
 }
 

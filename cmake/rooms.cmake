@@ -8,14 +8,6 @@ target_link_libraries(quarnel_build_options INTERFACE quarnel_warnings quarnel_p
                                                       quarnel_windows_programs quarnel_hardening
                                                       quarnel_reproducible)
 
-# The standard library's headers that most files include, compiled once. It changes what is built by
-# nothing but time; the presets of the static analysis build without, and so find what a file does not
-# include itself.
-add_library(quarnel_standard_headers STATIC ${CMAKE_SOURCE_DIR}/cmake/standard_headers.cpp)
-target_link_libraries(quarnel_standard_headers PRIVATE quarnel_build_options)
-target_precompile_headers(quarnel_standard_headers PRIVATE <algorithm> <array> <cmath> <functional>
-                          <map> <optional> <string> <string_view> <vector>)
-
 # Gives `target` the headers of one folder of the project.
 function(quarnel_headers target visibility folder)
     set(place ${CMAKE_BINARY_DIR}/rooms/${folder})
@@ -33,7 +25,6 @@ function(quarnel_room target)
     add_library(${target} STATIC ${arg_SOURCES})
     quarnel_headers(${target} PUBLIC ${folder})
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE ${arg_KEEPS} quarnel_build_options)
-    target_precompile_headers(${target} REUSE_FROM quarnel_standard_headers)
 endfunction()
 
 # quarnel_program(TARGET [WIN32] SOURCES ... USES ...): a program of the folder that calls it.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <set>
 
+#include "compare/figure_texts.h"
 #include "report/number_text.h"
 
 namespace {
@@ -87,15 +88,6 @@ std::string Judged(const std::string& figure, CodeVerdict code,
                                 (*tool == ToolVerdict::kFail && code == CodeVerdict::kNg));
     if (!agree && tool) text += std::string(" (tool ") + TextOf(*tool) + ")";
     return text;
-}
-
-std::string AngleOf(const StoryRead& story, const DirectionRead& direction) {
-    WorstUprightMember worst;
-    worst.drift = direction.worstDrift;
-    worst.angle = direction.angle;
-    worst.allowable = direction.angleLimit;
-    worst.code = direction.angleCode;
-    return AngleBesideLimitText(worst, story.height, kTerminalNumbers).angle;
 }
 
 void Comparer::CompareInputs() {
@@ -192,22 +184,19 @@ void Comparer::CompareDirection(const StoryRead& a, const StoryRead& b, std::siz
     const DirectionRead& before = a.directions.at(axis);
     const DirectionRead& after = b.directions.at(axis);
     const std::string name = StoryName(a, b) + ", " + DirectionName(axis) + ": ";
-    AddCheck(name + "angle", Judged(AngleOf(a, before), before.angleCode, before.angleTool),
-             Judged(AngleOf(b, after), after.angleCode, after.angleTool),
+    AddCheck(name + "angle",
+             Judged(AngleTextOf(a, before, kTerminalNumbers), before.angleCode, before.angleTool),
+             Judged(AngleTextOf(b, after, kTerminalNumbers), after.angleCode, after.angleTool),
              IsSame(before.angle, after.angle, tolerance_),
              before.angleCode != after.angleCode || before.angleTool != after.angleTool);
     const auto ratio = [](const DirectionRead& read) {
-        return Judged(JudgedText(read.ratio, kStiffnessRatioFormat, kCodeStiffnessRatio,
-                                 read.ratioCode, kTerminalNumbers),
-                      read.ratioCode, read.ratioTool);
+        return Judged(RatioTextOf(read, kTerminalNumbers), read.ratioCode, read.ratioTool);
     };
     AddCheck(name + "stiffness ratio", ratio(before), ratio(after),
              IsSame(before.ratio, after.ratio, tolerance_),
              before.ratioCode != after.ratioCode || before.ratioTool != after.ratioTool);
     const auto modulus = [](const DirectionRead& read) {
-        return Judged(JudgedText(read.modulus, kModulusFormat, kCodeEccentricityModulus,
-                                 read.modulusCode, kTerminalNumbers),
-                      read.modulusCode, read.modulusTool);
+        return Judged(ModulusTextOf(read, kTerminalNumbers), read.modulusCode, read.modulusTool);
     };
     AddCheck(name + "eccentricity", modulus(before), modulus(after),
              IsSame(before.modulus, after.modulus, tolerance_),

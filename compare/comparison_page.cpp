@@ -4,10 +4,10 @@
 #include <functional>
 
 #include "compare/comparison_drawings.h"
+#include "compare/figure_texts.h"
 #include "report/number_text.h"
 #include "sheet/html.h"
 #include "sheet/page_parts.h"
-#include "sheet/style.h"
 #include "sheet/table.h"
 
 namespace {
@@ -24,20 +24,11 @@ struct PageCheck {
     const char* limitText;
 };
 
-std::string AngleText(const StoryRead& story, const DirectionRead& direction) {
-    WorstUprightMember worst;
-    worst.drift = direction.worstDrift;
-    worst.angle = direction.angle;
-    worst.allowable = direction.angleLimit;
-    worst.code = direction.angleCode;
-    return AngleBesideLimitText(worst, story.height).angle;
-}
-
 const PageCheck kChecks[] = {
     {"angle",
      {"層間変形角", "Story deformation angle"},
      [](const DirectionRead& d) { return d.angle; },
-     AngleText,
+     [](const StoryRead& s, const DirectionRead& d) { return AngleTextOf(s, d, kPageNumbers); },
      [](const DirectionRead& d) { return d.angleCode; },
      [](const DirectionRead& d) { return d.angleTool; },
      kCodeDeformAngle,
@@ -45,9 +36,7 @@ const PageCheck kChecks[] = {
     {"ratio",
      {"剛性率", "Story stiffness ratio"},
      [](const DirectionRead& d) { return d.ratio; },
-     [](const StoryRead&, const DirectionRead& d) {
-         return JudgedText(d.ratio, kStiffnessRatioFormat, kCodeStiffnessRatio, d.ratioCode);
-     },
+     [](const StoryRead&, const DirectionRead& d) { return RatioTextOf(d, kPageNumbers); },
      [](const DirectionRead& d) { return d.ratioCode; },
      [](const DirectionRead& d) { return d.ratioTool; },
      kCodeStiffnessRatio,
@@ -55,9 +44,7 @@ const PageCheck kChecks[] = {
     {"modulus",
      {"偏心率", "Eccentricity modulus"},
      [](const DirectionRead& d) { return d.modulus; },
-     [](const StoryRead&, const DirectionRead& d) {
-         return JudgedText(d.modulus, kModulusFormat, kCodeEccentricityModulus, d.modulusCode);
-     },
+     [](const StoryRead&, const DirectionRead& d) { return ModulusTextOf(d, kPageNumbers); },
      [](const DirectionRead& d) { return d.modulusCode; },
      [](const DirectionRead& d) { return d.modulusTool; },
      kCodeEccentricityModulus,
@@ -230,21 +217,8 @@ std::string Page::OtherChanges() const {
     return heading + table.Html();
 }
 
-std::string Style() {
-    std::string style(kSheetStyle);
-    constexpr std::string_view kFoot = "PAGE_FOOT";
-    if (const std::size_t at = style.find(kFoot); at != std::string::npos)
-        style.replace(at, kFoot.size(), "Quarnel");
-    return style;
-}
-
 }  // namespace
 
 std::string ComparisonPage(const RunRead& a, const RunRead& b, const Comparison& comparison) {
-    return "<!DOCTYPE html>\n<html lang=\"ja\">\n<head>\n<meta charset=\"utf-8\">\n"
-           "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
-           "'unsafe-inline'\">\n<meta name=\"viewport\" content=\"width=device-width\">\n"
-           "<title>Quarnel: A – B</title>\n<style>" +
-           Style() + "</style>\n</head>\n<body>\n<main>\n" + Page(a, b, comparison).Body() +
-           "</main>\n</body>\n</html>\n";
+    return PlainPage("Quarnel: A – B", Page(a, b, comparison).Body());
 }

@@ -26,3 +26,6 @@ std::string FormulaLine(std::string_view formulas, Words meaning);
 
 /// A paragraph of small print.
 std::string SmallPrint(Words words);
+
+/// A whole page that looks as the sheet does, for what is no sheet. `body` is HTML.
+std::string PlainPage(std::string_view title, std::string_view body);

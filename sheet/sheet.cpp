@@ -22,13 +22,6 @@ std::string PageFoot(const SheetContent& content) {
     return safe;
 }
 
-std::string Style(const SheetContent& content) {
-    constexpr std::string_view kPlace = "PAGE_FOOT";
-    std::string style(kSheetStyle);
-    style.replace(style.find(kPlace), kPlace.size(), PageFoot(content));
-    return style;
-}
-
 // The names by which the style sheet knows the languages.
 struct Choice {
     SheetLanguage language;
@@ -74,7 +67,8 @@ std::string SheetHtml(const SheetContent& content) {
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
         "'unsafe-inline'\">\n"
         "<meta name=\"viewport\" content=\"width=device-width\">\n<title>";
-    html += Title(content) + "</title>\n<style>" + Style(content) + "</style>\n</head>\n<body>\n";
+    html += Title(content) + "</title>\n<style>" + StyleWithFoot(PageFoot(content)) +
+            "</style>\n</head>\n<body>\n";
     html += LanguageChoice(content.options.language) + "<main>\n";
     for (const auto section :
          {HeadSection, SummarySection, StoriesSection, AngleSection, RatioSection,

@@ -173,3 +173,10 @@ section,header{overflow-x:auto}
 section>table{min-width:172mm}
 }
 )css";
+
+std::string StyleWithFoot(std::string_view foot) {
+    constexpr std::string_view kPlace = "PAGE_FOOT";
+    std::string style(kSheetStyle);
+    style.replace(style.find(kPlace), kPlace.size(), foot);
+    return style;
+}

@@ -1,1 +1,0 @@
-// Stands for the headers that the libraries have in common.
