@@ -39,13 +39,13 @@ void TerminalProgress::Show(std::size_t answered, std::size_t expected) {
     const std::string text = ProgressText(
         answered, share_, std::chrono::duration_cast<std::chrono::seconds>(now - begin_));
     const std::size_t left = width_ > text.size() ? width_ - text.size() : 0;
-    out_ << '\r' << text << std::string(left, ' ') << std::flush;
+    // In one piece: what is not buffered would be drawn letter by letter.
+    out_ << '\r' + text + std::string(left, ' ') << std::flush;
     width_ = text.size();
 }
 
 void TerminalProgress::Clear() {
     if (width_ == 0) return;
-    out_ << '\r' << std::string(width_, ' ') << '\r' << std::flush;
+    out_ << '\r' + std::string(width_, ' ') + '\r' << std::flush;
     width_ = 0;
-    next_ = Clock::now();
 }

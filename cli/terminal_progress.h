@@ -23,7 +23,8 @@ public:
     /// work never goes back, whatever is expected later.
     void Show(std::size_t answered, std::size_t expected);
 
-    /// Takes the line away, before something else is printed. The next Show writes it anew.
+    /// Takes the line away, before something else is printed. It comes back when it is time for a
+    /// new one.
     void Clear();
 
 private:

@@ -213,8 +213,8 @@ TEST_F(SheetWindow, SaysWhatToDoWithoutARunningHost) {
 
 TEST_F(SheetWindow, SaysWhatToDoWithoutAnalysisResults) {
     std::string model = ExampleModel();
-    const std::string available = "\"resultsAvailable\": true";
-    model.replace(model.find(available), available.size(), "\"resultsAvailable\": false");
+    const std::string available = "\"resultsAvailable\":true";
+    model.replace(model.find(available), available.size(), "\"resultsAvailable\":false");
     host_.emplace(Model(model));
     StartOnInput();
     WaitForTheEndOfTheRun();
