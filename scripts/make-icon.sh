@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Makes app/quarnel.ico from app/quarnel.svg: needed only when the drawing changes.
+# Makes desktop/quarnel.ico from desktop/quarnel.svg: needed only when the drawing changes.
 # Needs Debian's librsvg2-bin and icoutils.
 set -eu
-cd "$(dirname "$0")/../app"
+cd "$(dirname "$0")/../desktop"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 for size in 16 32; do

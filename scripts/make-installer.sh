@@ -17,4 +17,4 @@ trap 'rm -f "$content_files"' EXIT
     sed 's|/|\\|g' >"$content_files"
 
 makensis -V2 -NOCD -DVERSION="$version" -DCONTENT="$content" -DCONTENT_FILES="$content_files" \
-    -DCONTENT_KB="$(du -sk "$content" | cut -f 1)" -DFILES_OF_1_0="$files_of_1_0" -DICON="$PWD/../app/quarnel.ico" -DOUTPUT="$out" installer.nsi
+    -DCONTENT_KB="$(du -sk "$content" | cut -f 1)" -DFILES_OF_1_0="$files_of_1_0" -DICON="$PWD/../desktop/quarnel.ico" -DOUTPUT="$out" installer.nsi

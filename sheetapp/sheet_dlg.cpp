@@ -24,6 +24,7 @@ namespace {
 
 constexpr UINT kBegin = WM_APP;         // the window is shown, the program's files may be taken
 constexpr UINT kRunEnded = WM_APP + 1;  // from the thread of the run
+constexpr UINT kFontChanged = WM_APP + 2;
 constexpr UINT_PTR kTimer = 1;
 constexpr UINT kTimerMs = 100;
 constexpr int kWholeBar = 10000;
@@ -85,6 +86,7 @@ void SheetDialog::OnInitDialog() {
         SetText(id, text);
     SendDlgItemMessageW(Window(), IDC_PROGRESS, PBM_SETRANGE32, 0, kWholeBar);
     MakeHeadlineFont();
+    ShowInput();
     Enter(Stage::kChoosing);
     SetText(IDC_HEADLINE, WindowText::kDropHere);
     PostMessageW(Window(), kBegin, 0, 0);
@@ -137,9 +139,16 @@ std::optional<LRESULT> SheetDialog::OnMessage(UINT message, WPARAM wParam, LPARA
         case WM_DROPFILES:
             ReceiveFiles(TakeDroppedFiles(reinterpret_cast<HDROP>(wParam)));
             return 0;
+        case WM_CLOSE:
+            Close();
+            return 0;
         case WM_DPICHANGED:
-            MakeHeadlineFont();
+            // The dialog has its own new font only after this message.
+            PostMessageW(Window(), kFontChanged, 0, 0);
             return std::nullopt;
+        case kFontChanged:
+            MakeHeadlineFont();
+            return 0;
         default:
             return std::nullopt;
     }
@@ -267,23 +276,22 @@ void SheetDialog::ShowEnd() {
     Enter(Stage::kEnded);
 }
 
-// Cancel, Close, Escape and the cross of the window. During a run the first cancels it and the next
-// closes the window; a host that never answers does not hold it open.
+// The button and Escape: they end a run, or else the program.
 void SheetDialog::Cancel() {
-    if (stage_ != Stage::kRunning) {
-        EndDialog(Window(), IDCANCEL);
-        return;
-    }
-    if (!thread_.Progress().IsCancelled()) {
-        thread_.Progress().Cancel();
-        SetText(IDCANCEL, WindowText::kClose);
-    } else if (!closes_) {
-        closes_ = true;
-    } else {
-        EndDialog(Window(), IDCANCEL);
-        return;
-    }
+    if (stage_ != Stage::kRunning) return Close();
+    thread_.Progress().Cancel();
     ShowRun();
+}
+
+// The window's cross too. A run is cancelled first; whoever closes twice does not wait for the
+// host.
+void SheetDialog::Close() {
+    if (stage_ != Stage::kRunning || closes_) {
+        EndDialog(Window(), IDCANCEL);
+        return;
+    }
+    closes_ = true;
+    Cancel();
 }
 
 void SheetDialog::Enter(Stage stage) {
@@ -313,9 +321,11 @@ void SheetDialog::ShowButtons() {
     ShowButton(IDC_OPEN_INPUT, stage_ == Stage::kInputErrors || (ended && !complete));
     const bool hasLog = ended && result_.outcome.logWritten;
     ShowButton(IDC_OPEN_LOG, hasLog);
-    PlaceAt(IDC_OPEN_INPUT, hasLog ? IDC_OPEN_RESULTS : IDC_OPEN_LOG);
+    const bool hasErrors = stage_ == Stage::kInputErrors;
+    PlaceAt(IDC_OPEN_INPUT, hasLog || hasErrors ? IDC_OPEN_RESULTS : IDC_OPEN_LOG);
+    PlaceAt(IDC_AGAIN, hasErrors ? IDC_OPEN_LOG : IDC_RUN_ANYWAY);
     ShowButton(IDC_RUN_ANYWAY, stage_ == Stage::kInputErrors);
-    ShowButton(IDC_AGAIN, ended);
+    ShowButton(IDC_AGAIN, ended || stage_ == Stage::kInputErrors);
     ShowButton(IDC_PROGRESS, stage_ == Stage::kRunning || ended);
     ShowButton(IDC_ELAPSED, stage_ == Stage::kRunning || ended);
     EnableWindow(GetDlgItem(Window(), IDC_CHOOSE), stage_ != Stage::kRunning);

@@ -39,6 +39,7 @@ private:
     void EndRun();
     void ShowEnd();
     void Cancel();
+    void Close();
 
     void Enter(Stage stage);
     void ShowButtons();

@@ -8,7 +8,7 @@ struct Entry {
     const char* ja;
 };
 
-// The arrangement of the mnemonics: no letter twice among the buttons that can be seen together.
+// No letter twice among the buttons that can be seen together.
 constexpr Entry kEntries[] = {
     {WindowText::kTitle, "Quarnel Sheet", "Quarnel 計算書"},
     {WindowText::kInputLabel, "Input file:", "入力ファイル:"},
@@ -46,8 +46,6 @@ constexpr Entry kEntries[] = {
      "建物の記録 {1}: 対応するルート2の入力ファイルを選択してください。"},
     {WindowText::kAnswers, "{1}   {2} answers of the host", "{1}   ホストの応答 {2} 件"},
     {WindowText::kInputFindings, "What the input file shows by itself:", "入力ファイルの検査結果:"},
-    {WindowText::kNothingFound, "Nothing was found in the input file.",
-     "入力ファイルに指摘はありません。"},
     {WindowText::kCannotOpen,
      "{1} cannot be opened: it is not there, or no program is set for files of its kind.",
      "{1} "

@@ -28,7 +28,6 @@ enum class WindowText {
     kRecordingNeedsInput,
     kAnswers,
     kInputFindings,
-    kNothingFound,
     kCannotOpen,
     kNotInputOrRecording,
     kRemarks,

@@ -178,6 +178,27 @@ TEST_F(SheetWindow, RunsAnInputFileWithErrorsWhenItIsTold) {
     EXPECT_FALSE(sheet_->IsShown(IDC_OPEN_SHEET));
 }
 
+TEST_F(SheetWindow, ChecksAnInputFileAgainThatHasBeenMended) {
+    StartHost();
+    Start({L"--lang", L"en", inputWithoutEnd_.wstring()});
+    sheet_->WaitForControl(IDC_RUN_ANYWAY);
+    folder_.Write(L"no fin.csv", ContentOf(input_));
+    sheet_->Click(IDC_AGAIN);
+    sheet_->WaitForControl(IDC_OPEN_SHEET);
+}
+
+// The host takes a minute for each call.
+TEST_F(SheetWindow, ThatIsClosedTwiceDoesNotWaitForTheHost) {
+    StartHost(L"--delay 60000");
+    StartOnInput();
+    sheet_->WaitForText(IDC_HEADLINE, L"Running on the model");
+    PostMessageW(sheet_->Window(), WM_CLOSE, 0, 0);
+    sheet_->WaitForText(IDC_HEADLINE, L"Closing, as soon as");
+    PostMessageW(sheet_->Window(), WM_CLOSE, 0, 0);
+    sheet_->WaitForEnd();
+    host_->Kill();
+}
+
 TEST_F(SheetWindow, ClosesAtTheEscapeKey) {
     StartHost();
     Start({L"--lang", L"en", inputWithoutEnd_.wstring()});
@@ -259,11 +280,10 @@ TEST_F(SheetWindow, CancelsARunBetweenTwoCalls) {
     EXPECT_FALSE(html_.HasOpened());
 }
 
-TEST_F(SheetWindow, ClosesAfterACallWhenItIsClosedDuringARun) {
+TEST_F(SheetWindow, ClosesAfterTheCallWhenItIsClosedDuringARun) {
     StartHost(L"--delay 50");
     StartOnInput();
     sheet_->WaitForText(IDC_LINES, L"Setting node information...");
-    PostMessageW(sheet_->Window(), WM_CLOSE, 0, 0);
     PostMessageW(sheet_->Window(), WM_CLOSE, 0, 0);
     sheet_->WaitForEnd();
 }
