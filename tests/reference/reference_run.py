@@ -125,6 +125,9 @@ class Host:
         self.combinations = model.get("loadCombinations", [])
         self.displacements = model.get("displacements", {})
         self.end_forces = model.get("endForces", {})
+        # A recording refuses what it was not asked; other files answer it with zeros.
+        self.is_recording = "recordedFor" in model
+        self.unlisted = set()  # the answers that were zeros because the file does not list them
         self.first_node = {}
         for node in self.nodes:
             self.first_node.setdefault(node["number"], node)
@@ -157,13 +160,28 @@ class Host:
 
     def displacement(self, node, load_case):
         self.node(node)
-        values = self.displacements.get(str(load_case), {}).get(str(node), [0.0] * 6)
+        values = self.displacements.get(str(load_case), {}).get(str(node))
+        if values is None:
+            self.not_listed("node", node, load_case)
+            return [0.0] * 6
         return [float(v) for v in values]
 
     def end_force(self, member, end, load_case):
         self.member(member)
-        ends = self.end_forces.get(str(load_case), {}).get(str(member), [[0.0] * 6, [0.0] * 6])
+        ends = self.end_forces.get(str(load_case), {}).get(str(member))
+        if ends is None:
+            self.not_listed("member", member, load_case)
+            return [0.0] * 6
         return [float(v) for v in ends[end]]
+
+    def not_listed(self, what, number, load_case):
+        """Zeros for a load case that the model does not have, and outside recordings."""
+        if load_case not in self.primary and load_case not in self.combinations:
+            return
+        if self.is_recording:
+            raise RunThrew("the recording has no answer")
+        if what == "member" or not self.supported(number):
+            self.unlisted.add((what, number, load_case))
 
 
 # --- records ------------------------------------------------------------------------------------
@@ -201,6 +219,12 @@ class Story:
         self.gravity = [0.0, 0.0]
         self.rigidity = [0.0, 0.0]
         self.modulus = [0.0, 0.0]
+        # Parts of the above that the results do not print; None until their step forms them.
+        self.weight = None
+        self.cut_members = None         # indices of the members that the cutting plane meets
+        self.cut_forces = []            # their end forces under the dead load case
+        self.total_stiffness = [None, None]
+        self.torsional_stiffness = None
 
     @property
     def height(self):
@@ -252,6 +276,8 @@ class Run:
         self.member_numbers = []
         self.member_axes = [[], [], []]
         self.levels_set = False
+        self.levels_derived = False
+        self.members_derived = False
         self.levels = []
         self.stories_set = False
         self.stories = []
@@ -262,6 +288,7 @@ class Run:
         self.rs_mean_by_load = [[], []]
         self.rs_max = [0.0, 0.0]
         self.rs_mean = [0.0, 0.0]
+        self.steps_done = set()   # names of the steps that reached their end
 
     # Output
 
@@ -305,34 +332,27 @@ class Run:
             return
         self.log("ORVEK results are available.\n")
         show("Preparing for calculation...")
-        show("Setting load information...")
-        self.set_loads()
-        show("Setting node information...")
-        self.set_nodes()
-        show("Setting member information...")
-        self.set_members()
+        self.take("loads", "Setting load information...", self.set_loads)
+        self.take("nodes", "Setting node information...", self.set_nodes)
+        self.take("members", "Setting member information...", self.set_members)
         self.basic_information()
-        show("Setting floor information...")
-        self.set_floors()
-        show("Setting story information...")
-        self.set_stories()
-        show("Calculating relative displacements...")
-        self.relative_displacements()
-        show("Calculating story stiffness ratio...")
-        self.rs_bar()
-        show("Calculating ceter of gravity...")
-        self.gravity_center()
-        show("Calculating story shear...")
-        self.story_shear()
-        show("Calculating horizontal story stiffness...")
-        self.horizontal_stiffness()
-        show("Calculating ceter of rigidity...")
-        self.rigidity_center()
-        show("Calculating eccentricity modulus...")
-        self.eccentricity_modulus()
-        show("Saving output...")
-        self.print_results()
+        self.take("floors", "Setting floor information...", self.set_floors)
+        self.take("stories", "Setting story information...", self.set_stories)
+        self.take("drifts", "Calculating relative displacements...", self.relative_displacements)
+        self.take("ratios", "Calculating story stiffness ratio...", self.rs_bar)
+        self.take("gravity", "Calculating ceter of gravity...", self.gravity_center)
+        self.take("shears", "Calculating story shear...", self.story_shear)
+        self.take("stiffness", "Calculating horizontal story stiffness...", self.horizontal_stiffness)
+        self.take("rigidity", "Calculating ceter of rigidity...", self.rigidity_center)
+        self.take("moduli", "Calculating eccentricity modulus...", self.eccentricity_modulus)
+        self.take("results", "Saving output...", self.print_results)
         show("Calculation Complete")
+
+    def take(self, name, status_line, step):
+        self.status.append(status_line)
+        step()
+        if self.stories_set or name in ("loads", "nodes", "members", "floors", "results"):
+            self.steps_done.add(name)  # without stories the later ones refuse
 
     def initialize(self):
         if os.path.isdir(self.log_path):
@@ -608,6 +628,7 @@ class Run:
         self.log("\nStarts setting floor info...\n")
         self.read_levels()
         if not self.levels_set:
+            self.levels_derived = True
             self.levels.append(self.base_level)
             for number in self.member_numbers:
                 _, _, first, second = self.member_levels(number, "floor")
@@ -631,6 +652,7 @@ class Run:
             self.stories.append(Story(self.levels[i], self.levels[i + 1]))
         self.read_story_members()
         if not self.stories_set:
+            self.members_derived = True
             self.select_story_members()
         self.read_output_flags()
         self.read_allowable_values()
@@ -763,6 +785,7 @@ class Run:
         for k, story in enumerate(self.stories):
             cut = story.lower + (story.upper - story.lower) / 10.0
             weight, moment_x, moment_z = 0.0, 0.0, 0.0
+            story.cut_members, story.cut_forces = [], []
             for j, number in enumerate(self.member_numbers):
                 start, _ = self.host.incidence(number)
                 lower = self.lower_node(number)
@@ -772,6 +795,8 @@ class Run:
                 if not (self.height_of(low) < cut and self.height_of(up) >= cut):
                     continue
                 force = self.host.end_force(number, 0 if start == lower else 1, self.dead_case)
+                story.cut_members.append(j)
+                story.cut_forces.append(force)
                 axes = [self.height_of(at(axis, j)) for axis in self.member_axes]
                 w = force[0] * axes[0] + force[1] * axes[1] + force[2] * axes[2]
                 if self.inches:
@@ -779,6 +804,7 @@ class Run:
                 weight += w
                 moment_x += w * low[0]
                 moment_z += w * self.plan_z(low)
+            story.weight = weight
             if abs(weight) >= 1e-06:
                 story.gravity = [divide(moment_x, weight), divide(moment_z, weight)]
             else:
@@ -836,6 +862,7 @@ class Run:
                 elif record.load_case == self.quake_case[1]:
                     kz += record.stiffness[1]
                     moment_of_kz += record.stiffness[1] * record.plan_x
+            story.total_stiffness = [kx, kz]
             if abs(kz) >= 1e-06:
                 story.rigidity[0] = divide(moment_of_kz, kz)
             else:
@@ -869,6 +896,7 @@ class Run:
                 kz += record.stiffness[1]
                 tz += record.stiffness[1] * (record.plan_x - rx) * (record.plan_x - rx)
         kr = tz + tx
+        story.torsional_stiffness = kr
         if abs(kr) < 1e-06 or kr < 0.0:
             self.warn("Totional stiffness(KR) is less than or equal to 0 as setting eccentricity "
                       "modulus of %d-th story. Eccentricity modulus is set as 0." % number)
