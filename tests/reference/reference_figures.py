@@ -148,6 +148,8 @@ class Figures:
             self.take_members(figures)
             self.take_cut_members(figures)
             self.take_centres(figures)
+        if self.complete:
+            self.ask_about_cut_members()
         for axis in (0, 1):
             for figures in self.stories:
                 self.take_shears(figures, axis)
@@ -236,6 +238,21 @@ class Figures:
             if levels[0] < plane <= levels[1]:
                 numbers.append(number)
         return numbers
+
+    def ask_about_cut_members(self):
+        """The questions that only figures need, on the members that are cut and not counted."""
+        run = self.run
+        for figures in self.stories:
+            for number in figures.cut_not_counted:
+                start, end = self.host.incidence(number)
+                for case in run.quake_case:
+                    for question in (lambda: self.host.end_force(number, 0, case),
+                                     lambda: self.host.displacement(start, case),
+                                     lambda: self.host.displacement(end, case)):
+                        try:
+                            question()
+                        except RunThrew:
+                            self.unanswered.append((number, case))
 
     # Centres
 
@@ -407,7 +424,34 @@ class Figures:
         return Sum(forces)
 
     def rigid_body_residual(self, figures, axis):
-        return None
+        """How far a node of the upper floor lies from the rigid motion that fits all best.
+
+        The largest component in either plan direction, mm.
+        """
+        run = self.run
+        case = run.quake_case[axis]
+        unit = 25.4 if run.inches else 1000.0
+        second = 1 if run.z_up else 2
+        places, moves = [], []
+        for node in sorted({member.upper for member in figures.members}):
+            coords = run.node_coords[run.find_node(node)]
+            move = self.host.displacement(node, case)
+            places.append([coords[0], run.plan_z(coords)])
+            moves.append([move[0] * unit, move[second] * unit])
+        centre = [sum(p[k] for p in places) / len(places) for k in (0, 1)]
+        mean = [sum(m[k] for m in moves) / len(moves) for k in (0, 1)]
+        turning, spread = 0.0, 0.0
+        for p, m in zip(places, moves):
+            x, v = p[0] - centre[0], p[1] - centre[1]
+            turning += x * (m[1] - mean[1]) - v * (m[0] - mean[0])
+            spread += x * x + v * v
+        turn = turning / spread if spread > 0.0 else 0.0
+        residuals = []
+        for p, m in zip(places, moves):
+            x, v = p[0] - centre[0], p[1] - centre[1]
+            residuals.append(abs(m[0] - mean[0] + turn * v))
+            residuals.append(abs(m[1] - mean[1] - turn * x))
+        return max(residuals)
 
     # The whole
 
