@@ -5,14 +5,16 @@
 
 For every seed from FROM up to and including TO: makes the building, lets `quarnel-cli check` and
 the second calculation run on it, and compares the status lines, the exit code, the log and the
-results byte for byte. The first difference of a seed is printed and its files are kept under DIR.
-The last line says how many seeds passed and failed; the exit code is 0 when all passed.
+results byte for byte, then the figures, verdicts and remarks, the flat tables and what the terminal
+says of them. The first difference of a seed is printed and its files are kept under DIR. The last
+line says how many seeds passed and failed; the exit code is 0 when all passed.
 
 With --launcher the program is started through another one, and CR LF line ends count as LF:
 `--launcher wine` tests the Windows program.
 """
 
 import argparse
+import json
 import multiprocessing
 import os
 import shutil
@@ -21,7 +23,9 @@ import sys
 import tempfile
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import compare_figures
 import random_building
+import reference_figures
 import reference_run
 
 STATUS_LINES = {
@@ -37,6 +41,8 @@ STATUS_LINES = {
     "Please run analysis first.", "Wrong file path...", "Exception was thrown...",
     "Finishes process...", "Closing error log file...",
 }
+DATE = "2026-11-21 10:00"
+OUTPUTS = {"--json": "figures.json", "--table": "stories.csv", "--table-members": "members.csv"}
 MODEL_NAMES = ["model.qhm", "./model.qhm", "{folder}/model.qhm", "a tower.qhm"]
 INPUT_NAMES = ["input.csv", "./input.csv", "{folder}/input.csv", "route 2"]
 
@@ -75,11 +81,15 @@ def compare_seed(cli, launcher, seed, folder):
     os.makedirs(folder)
     os.chdir(folder)
     fatal = random_building.write_building(seed, model, input_file)
-    status, log, results = reference_run.compute(model, input_file)
+    second = reference_run.Run(model, input_file)
+    second.execute()
+    status, log, results = second.status, second.log_text, second.results_text
+    command = launcher + [cli, "check", model, input_file, "--date", DATE]
+    for option, name in OUTPUTS.items():
+        command += [option, name]
     try:
-        run = subprocess.run(launcher + [cli, "check", model, input_file], stdin=subprocess.DEVNULL,
-                             stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=60,
-                             check=False)
+        run = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                             stderr=subprocess.PIPE, timeout=60, check=False)
     except subprocess.TimeoutExpired:
         return fatal, "no end within a minute"
     printed = run.stdout.decode("utf-8", "replace").replace("\r\n", "\n")
@@ -96,6 +106,8 @@ def compare_seed(cli, launcher, seed, folder):
     exit_code = 0 if "Calculation Complete" in status else 1
     if found is None and run.returncode != exit_code:
         found = "exit code: expected %d, got %d" % (exit_code, run.returncode)
+    if found is None:
+        found = differing_figures(second, model, run)
     if found is not None:
         found += "\n    error output %r" % run.stderr[:300]
         for path, text in (("expected.log", log), ("expected.csv", results)):
@@ -105,13 +117,27 @@ def compare_seed(cli, launcher, seed, folder):
     return fatal, found
 
 
+def differing_figures(second, model, run):
+    """The first difference of the figures in whatever form, or None."""
+    texts = {}
+    for option, name in OUTPUTS.items():
+        texts[option] = contents(name, None)
+    with open(model, encoding="utf-8") as file:
+        document = json.load(file)
+    return compare_figures.difference(
+        reference_figures.document_of(second, DATE), texts["--json"],
+        (texts["--table"], texts["--table-members"]),
+        run.stdout.decode("utf-8", "replace").replace("\r\n", "\n"),
+        run.stderr.decode("utf-8", "replace").replace("\r\n", "\n").split("\n"), document)
+
+
 def work_on(job):
     cli, launcher, seed, work = job
     folder = os.path.join(work, "seed-%d" % seed)
     shutil.rmtree(folder, ignore_errors=True)
     try:
         fatal, found = compare_seed(cli, launcher, seed, folder)
-    except Exception as error:  # a fault of this comparison is a failed seed, not a lost one
+    except ZeroDivisionError as error:  # a fault of this comparison is a failed seed, not a lost one
         fatal, found = None, "the comparison itself failed: %r" % error
     os.chdir(work)
     if found is None:
