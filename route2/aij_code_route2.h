@@ -167,7 +167,7 @@ public:
     EarthquakeCases earthquakeLoadCaseNumber{1, 1};
 
     // Status.
-    bool loadInfoSet = false;  ///< by SetLoadInfo; no step asks, tests and debuggers do
+    bool loadInfoSet = false;  ///< by SetLoadInfo; no step asks, the findings do
     bool nodeInfoSet = false;  ///< by SetNodeInfo
 
     // Written by SetNodeInfo, in the host's order.

@@ -88,7 +88,9 @@ Figure Eccentricity(const StoryFindings& found, const StoryInfo& story, std::siz
 
 Figure Radius(const StoryFindings& found, std::size_t axis) {
     const Figure& stiffness = found.directions[axis].stiffness;
-    if (!found.torsionalStiffness || !stiffness || !HasStiffness(*stiffness)) return std::nullopt;
+    if (!found.torsionalStiffness || !HasTorsionalStiffness(*found.torsionalStiffness))
+        return std::nullopt;
+    if (!stiffness || !HasStiffness(*stiffness)) return std::nullopt;
     return Finite(ElasticRadius(*found.torsionalStiffness, *stiffness));
 }
 
@@ -121,8 +123,7 @@ void FormModulus(const StoryUnderFindings& under, std::size_t axis, StoryFinding
     if (direction.eccentricity && direction.elasticRadius)
         direction.toLimit =
             Finite(kCodeEccentricityModulus * *direction.elasticRadius - *direction.eccentricity);
-    if (direction.eccentricity && direction.elasticRadius &&
-        HasTorsionalStiffness(*found.torsionalStiffness))
+    if (direction.eccentricity && direction.elasticRadius)
         direction.eccentricityModulus = Finite(modulus);
     if (direction.eccentricityModulus)
         direction.modulusUtilisation =

@@ -31,14 +31,6 @@ PlanRectangle PlanOf(const std::vector<MemberFindings>& members) {
     return plan;
 }
 
-PlanRectangle PlanOfStoryMembers(const Findings& findings) {
-    PlanRectangle plan;
-    for (const StoryFindings& story : findings.stories)
-        for (const MemberFindings& member : story.members)
-            plan.Include(member.x, member.v);
-    return plan;
-}
-
 FloorShapes::FloorShapes(const Findings& findings)
     : counts_(findings.floorLevels.size()), rectangles_(findings.floorLevels.size()) {
     for (const ModelNode& node : findings.nodes)

@@ -26,9 +26,6 @@ struct PlanRectangle {
 /// Around the lower nodes of members.
 PlanRectangle PlanOf(const std::vector<MemberFindings>& members);
 
-/// Around the lower nodes of all story members of the building.
-PlanRectangle PlanOfStoryMembers(const Findings& findings);
-
 /// What the horizontal members show of each floor level: whether it is a floor or a landing.
 class FloorShapes {
 public:

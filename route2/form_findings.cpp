@@ -35,7 +35,8 @@ void FormModel(const AijCodeRoute2& engine, Findings& findings) {
 }
 
 LoadCaseFindings FormLoadCases(const AijCodeRoute2& engine) {
-    LoadCaseFindings cases{engine.deadLoadCaseNumber, engine.earthquakeLoadCaseNumber, {}, {}};
+    LoadCaseFindings cases{engine.deadLoadCaseNumber, engine.earthquakeLoadCaseNumber, {}, {},
+                           engine.loadInfoSet};
     const auto& numbers = engine.loadCaseNumbers;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         const bool isPrimary = std::cmp_less(i, engine.numPrimaryLoadCases);
@@ -129,7 +130,8 @@ Findings FormFindings(const AijCodeRoute2& engine, const FindingsSources& source
     findings.loadCases = FormLoadCases(engine);
     findings.floorLevelsFromInput = engine.floorLevelsFromFile;
     findings.storyMembersFromInput = engine.storyMembersFromFile;
-    findings.floorLevels = engine.floorLevels;
+    // A run that ends while it derives them leaves some, in no order.
+    if (engine.floorLevelsSet) findings.floorLevels = engine.floorLevels;
     findings.warnings = engine.warnings;
     const bool isComplete = sources.end.complete;
     ExtraQuestions questions(*engine.hostLink, isComplete);

@@ -68,7 +68,8 @@ bool AijCodeRoute2::SetStoryInfoWithDataFile() {
     LogStart(logFile, "story info with data file");
     InputFile file(dataFilePath);
     const StoryMemberBlock read = ReadStoryMembers(file, stories.size());
-    if (read.line != 0) storyInfoSet = true;
+    storyMembersFromFile = read.line != 0;
+    if (storyMembersFromFile) storyInfoSet = true;
     for (const StoryMemberBlock::Entry& entry : read.entries) {
         StoryInfo& story = At(stories, std::int64_t{entry.story} - 1);
         if (!AddStoryMemberFromDataFile(story, entry.member.value)) return false;

@@ -37,6 +37,7 @@ void OnEqualCases(const Findings& findings, std::vector<Remark>& remarks) {
 
 void OnMissingCases(const Findings& findings, std::vector<Remark>& remarks) {
     const LoadCaseFindings& cases = findings.loadCases;
+    if (!cases.modelAsked) return;
     const std::string second(1, findings.SecondDirection());
     const struct {
         std::int32_t number = 0;
@@ -155,10 +156,9 @@ void OnHeight(const Findings& findings, std::vector<Remark>& remarks) {
         const std::string text = Fixed(height / 1000.0, 2) + " m > 31 m";
         cause.Add(0, {"height of the model " + text, "モデルの高さ " + text});
     }
-    const PlanRectangle plan = PlanOfStoryMembers(findings);
-    const double width = std::min(plan.WidthX(), plan.WidthV());
-    if (width > 0.0 && height / width > kGreatestSlenderness) {
-        const std::string text = Fixed(height / width, 2) + " > 4";
+    const Figure& slenderness = findings.extent.slenderness;
+    if (slenderness && *slenderness > kGreatestSlenderness) {
+        const std::string text = Fixed(*slenderness, 2) + " > 4";
         cause.Add(0, {"height over width " + text, "塔状比 " + text});
     }
     cause.AppendTo(remarks);

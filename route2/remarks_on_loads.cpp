@@ -20,9 +20,10 @@ std::string CaseOf(const Findings& findings, std::size_t axis) {
 }
 
 bool IsCombination(const Findings& findings, std::size_t axis) {
-    const auto& [dead, earthquake, primary, combinations] = findings.loadCases;
-    return std::ranges::find(combinations, earthquake[axis]) != combinations.end() &&
-           std::ranges::find(primary, earthquake[axis]) == primary.end();
+    const LoadCaseFindings& cases = findings.loadCases;
+    const std::int32_t number = cases.earthquake[axis];
+    return std::ranges::find(cases.combinations, number) != cases.combinations.end() &&
+           std::ranges::find(cases.primary, number) == cases.primary.end();
 }
 
 void OnVerticalLoad(const Findings& findings, std::vector<Remark>& remarks) {

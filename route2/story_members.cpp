@@ -38,7 +38,6 @@ void AijCodeRoute2::SetStoryInfo() {
     LogStart(logFile, "story info");
     CreateStories();
     SetStoryInfoWithDataFile();
-    storyMembersFromFile = storyInfoSet;
     if (!storyInfoSet) SetStoryMember();
     SetMemberDeformAngleOutputFlag();
     SetStoryAllowableValues();

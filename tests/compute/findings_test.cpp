@@ -207,6 +207,20 @@ TEST_F(SmallBuilding, WithoutWeightHasNoCentreOfGravityAndNoModulus) {
     EXPECT_EQ(CodeVerdict::kUndetermined, story.directions[kX].eccentricityCode);
 }
 
+// Every shear against its displacement: K_X = 4 x -2, K_Z = 4 x -4 kN/mm, K_R = -8 x 2000^2
+// - 16 x 3000^2 kN mm. The quotient K_R / K is positive all the same.
+TEST_F(SmallBuilding, OfNegativeTorsionalStiffnessHasNoElasticRadius) {
+    for (std::int32_t i = 1; i <= 4; ++i)
+        host.Force(2, i, 0, 0, -14, 0).Force(3, i, 0, 0, 0, 14);
+    const StoryFindings story = FindingsOf(host, kSmallBuildingInput).stories.at(0);
+    EXPECT_THAT(story.torsionalStiffness, Near(-1.76e8));
+    for (const DirectionFindings& direction : story.directions) {
+        EXPECT_EQ(std::nullopt, direction.elasticRadius);
+        EXPECT_EQ(std::nullopt, direction.toLimit);
+        EXPECT_EQ(CodeVerdict::kUndetermined, direction.eccentricityCode);
+    }
+}
+
 TEST_F(SmallBuilding, WithoutStiffnessInXKeepsNoCoordinateAcrossIt) {
     for (std::int32_t member = 1; member <= 4; ++member)
         host.Force(2, member, 0, 0, 0, 0);

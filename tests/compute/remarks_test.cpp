@@ -68,6 +68,10 @@ TEST_F(Remarks, NameCasesThatTheModelDoesNotHave) {
                           "3, 101)."));
 }
 
+TEST_F(Remarks, SayNothingAboutCasesThatTheRunDidNotAskFor) {
+    EXPECT_THAT(Ids(Run(kCases)), Not(Contains("R02")));  // no FIN: the run ends at its start
+}
+
 TEST_F(Remarks, NameStoriesWithoutMembers) {
     const Findings findings = Run(kCases + "FloorLevel,0,3500,7000,\nFIN\n");
     EXPECT_THAT(Find(findings, "R03").stories, ElementsAre(2));
@@ -279,6 +283,32 @@ TEST_F(Remarks, NameTheHeightAndTheSlendernessThatCloseRoute2) {
     const Findings tall = Run(kCases + "FloorLevel,0,31001,\nStoryMember,\n1,1,2,3,4,\nFIN\n");
     EXPECT_THAT(Find(tall, "R28").en, HasSubstr("height of the model 31.00 m > 31 m"));
     EXPECT_THAT(Find(tall, "R28").en, HasSubstr("height over width 7.75 > 4"));
+}
+
+// Columns alone: 17 m over 4 m. Member 12 leans out to 8 m, so that X is the smaller width: 6 m.
+TEST_F(Remarks, MeasureTheSlendernessBetweenBothEndsOfTheMembers) {
+    const std::string tall = kCases + "FloorLevel,0,17000,\nStoryMember,\n";
+    host.Node(21, 0, 3.5, 8).Member(12, 3, 21);
+    EXPECT_THAT(Find(Run(tall + "1,1,2,3,4,\nFIN\n"), "R28").en,
+                HasSubstr("height over width 4.25 > 4"));
+    EXPECT_THAT(Ids(Run(tall + "1,1,2,3,4,12,\nFIN\n")), Not(Contains("R28")));
+}
+
+// The run ends while it asks for the levels of the beams: there is no floor yet.
+TEST_F(Remarks, SayNothingAboutFloorsThatAreNotYetDerived) {
+    host.Member(20, 11, 99);
+    const Findings findings = Run(kCases + "FIN\n");
+    EXPECT_THAT(findings.stories, IsEmpty());
+    EXPECT_THAT(findings.floorLevels, IsEmpty());
+    EXPECT_THAT(Ids(findings), Not(Contains("R05")));
+}
+
+// Member 77 is not in the model and ends the run while the input's story members are taken.
+TEST_F(Remarks, DoNotCallMembersOfTheInputDerivedWhenTheyEndTheRun) {
+    const Findings findings = Run(kCases + "StoryMember,\n1,1,2,77,\nFIN\n");
+    EXPECT_FALSE(findings.end.complete);
+    EXPECT_TRUE(findings.storyMembersFromInput);
+    EXPECT_THAT(Find(findings, "R22").en, Not(HasSubstr("story members")));
 }
 
 TEST_F(Remarks, NameAStoryThatDoesNotMove) {

@@ -204,6 +204,8 @@ def differing_members(got, text):
 
 def contradicting_terminal(got, terminal):
     """No PASS beside a figure that was not formed; the verdicts and their number."""
+    if terminal is None:
+        return None
     lines = terminal.split("\n")
     check = direction = None
     rows = 0

@@ -124,10 +124,12 @@ def differing_figures(second, model, run):
         texts[option] = contents(name, None)
     with open(model, encoding="utf-8") as file:
         document = json.load(file)
+    terminal = run.stdout.decode("utf-8", "replace").replace("\r\n", "\n")
     return compare_figures.difference(
         reference_figures.document_of(second, DATE), texts["--json"],
         (texts["--table"], texts["--table-members"]),
-        run.stdout.decode("utf-8", "replace").replace("\r\n", "\n"),
+        # Without a log nothing is said of what was found.
+        None if second.log_text is None else terminal,
         run.stderr.decode("utf-8", "replace").replace("\r\n", "\n").split("\n"), document)
 
 
@@ -137,7 +139,7 @@ def work_on(job):
     shutil.rmtree(folder, ignore_errors=True)
     try:
         fatal, found = compare_seed(cli, launcher, seed, folder)
-    except ZeroDivisionError as error:  # a fault of this comparison is a failed seed, not a lost one
+    except Exception as error:  # a fault of this comparison is a failed seed, not a lost one
         fatal, found = None, "the comparison itself failed: %r" % error
     os.chdir(work)
     if found is None:

@@ -9,6 +9,10 @@ without its node, no FIN line, an input file that is a folder, ...). Many carry 
 numbers that stand twice, equal load cases, displacements right at a limit, levels out of order,
 lines longer than one read, blank lines where they matter.
 
+About half of the buildings are then made into ones that somebody could have designed
+(designed_building.py): floors that move and turn, columns that push back, and what the figures and
+remarks of a run are about.
+
 Some arrangements need more than two files: a folder where the log or the results should go. They
 are made beside OUT.qhm.
 """
@@ -18,6 +22,8 @@ import json
 import os
 import random
 import sys
+
+import designed_building
 
 FATAL = [
     "no FIN", "no FIN", "missing node", "missing node", "missing node", "zero length",
@@ -41,6 +47,10 @@ class Building:
         self.wild = rng.random() < 0.04
         self.nodes = []
         self.members = []
+        self.designed = False
+        self.tidy_input = False
+        self.sheet_ground = None  # mm
+        self.recorded_for = None  # what a recording says about itself
         self.levels = []
         self.story_members = []  # per story: numbers of members that truly span it
         self.spanning = []       # numbers of members that span other than one story
@@ -328,6 +338,8 @@ class Building:
         for key, value in sections.items():
             if value or rng.random() < 0.7:
                 model[key] = value
+        if self.recorded_for is not None:
+            model["recordedFor"] = self.recorded_for
         return model
 
 
@@ -340,6 +352,7 @@ class InputFile:
         self.fatal = fatal
         self.stories = max(0, len(building.levels) - 1)
         self.tidy = rng.random() < 0.35  # nothing odd on purpose
+        self.tidy = self.tidy or building.tidy_input
 
     def odd(self, probability):
         return not self.tidy and self.rng.random() < probability
@@ -363,6 +376,8 @@ class InputFile:
             if self.odd(0.25):
                 lines.append(rng.choice([b"", b"# a remark", b"note,with,commas,", b" ", b",",
                                          b",,", b"0,", b"7", b"2,0.001,", b"Fin"]))
+        if self.building.sheet_ground is not None:
+            lines.insert(0, b"SheetGround,%g," % self.building.sheet_ground)
         lines = self.disturb(lines)
         if self.fatal == "too many lines":
             lines += [rng.choice([b"", b"-"])] * (100002 - len(lines))
@@ -428,9 +443,9 @@ class InputFile:
         rng = self.rng
         b = self.building
         lines = []
-        if rng.random() < 0.9:
+        if rng.random() < 0.9 or b.tidy_input:
             lines.append(b"DeadLoadCaseNumber," + self.whole(b.dead) + self.comma())
-        if rng.random() < 0.92:
+        if rng.random() < 0.92 or b.tidy_input:
             if self.odd(0.05):
                 lines.append(b"EarthquakeLoadCaseNumber," + self.whole(b.quake_x) + self.comma(0.5))
             else:
@@ -541,6 +556,8 @@ class InputFile:
             (b"AllowStoryDeformAngle", [0.005, 0.004, 0.00833, 0.002, 0.001, 0.0]),
             (b"AllowStoryStiffRatio", [0.6, 1.0, 0.8, 0.0, 2.0]),
             (b"AllowStoryEccentricityModulus", [0.15, 0.3, 0.0, 0.05, 1e9])])
+        if self.building.designed and keyword == b"AllowStoryDeformAngle":
+            usual = designed_building.RELIEF_ANGLES
         lines = [keyword + self.comma(0.95)]
         if self.odd(0.06):
             lines.append(rng.choice([b"", b"remark", b"1", b"0,0.1,", b"9"]))
@@ -563,6 +580,8 @@ def make_building(seed):
     rng = random.Random(seed)
     fatal = rng.choice(FATAL) if rng.random() < 0.38 else None
     building = Building(rng, fatal)
+    # From numbers of its own, so that the other half stays what it is.
+    designed_building.redesign(building, random.Random("designed %d" % seed))
     document = building.document()
     text = InputFile(rng, building, fatal).text()
     if fatal is None and rng.random() < 0.01:

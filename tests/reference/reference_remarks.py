@@ -76,6 +76,10 @@ def on_the_run(figures, remarks):
         remarks.add("R26", "error")
     if os.path.isdir(run.results_path) and figures.complete:
         remarks.add("R26", "error")
+    if run.lacks_an_answer:
+        remarks.add("R25", "error")
+    if figures.unanswered:
+        remarks.add("R25", "warning")
     if figures.host is not None and figures.host.unlisted and not figures.host.is_recording:
         remarks.add("R25", "warning")
     step = b""
@@ -275,10 +279,11 @@ def on_shears(figures, story, axis, remarks):
         share = d.shear / d.story_shear
         if not 0.99 <= share <= 1.01:
             remarks.add("R06", "error" if share < 0.5 else "warning", [story.number])
+    pushing = d.shear if d.story_shear is None else d.story_shear
+    if pushing is not None and pushing <= -NO_FORCE:
+        remarks.add("R15", "warning", [story.number])
     if d.story_shear is None:
         return
-    if d.story_shear <= -NO_FORCE:
-        remarks.add("R15", "warning", [story.number])
     if story.number < len(figures.stories):
         above = figures.stories[story.number].directions[axis].story_shear
         if above is not None and abs(d.story_shear) <= abs(above):

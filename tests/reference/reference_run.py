@@ -39,6 +39,10 @@ class RunThrew(Exception):
     """What a failed host call or an index out of range does to the run."""
 
 
+class AnswerMissing(RunThrew):
+    """A question that a recording does not answer."""
+
+
 class TooManyLines(Exception):
     """The reader met its line limit before a line that begins FIN."""
 
@@ -179,7 +183,7 @@ class Host:
         if load_case not in self.primary and load_case not in self.combinations:
             return
         if self.is_recording:
-            raise RunThrew("the recording has no answer")
+            raise AnswerMissing("the recording has no answer")
         if what == "member" or not self.supported(number):
             self.unlisted.add((what, number, load_case))
 
@@ -288,6 +292,7 @@ class Run:
         self.rs_mean_by_load = [[], []]
         self.rs_max = [0.0, 0.0]
         self.rs_mean = [0.0, 0.0]
+        self.lacks_an_answer = False  # and ended early for that
         self.steps_done = set()   # names of the steps that reached their end
 
     # Output
@@ -316,7 +321,8 @@ class Run:
         self.inches = self.host.base_unit_system == 1
         try:
             self.guarded(show)
-        except RunThrew:
+        except RunThrew as thrown:
+            self.lacks_an_answer = isinstance(thrown, AnswerMissing)
             show("Exception was thrown...")
         show("Finishes process...")
         show("Closing error log file...")
