@@ -6,7 +6,8 @@
 For every seed from FROM up to and including TO: makes the building, lets `quarnel-cli check` and
 the second calculation run on it, and compares the status lines, the exit code, the log and the
 results byte for byte, then the figures, verdicts and remarks, the flat tables and what the terminal
-says of them. The first difference of a seed is printed and its files are kept under DIR. The last
+says of them. Every fifth building (--sheets 1: each) gets its calculation sheet, too, whose cells
+are held against the figures. The first difference of a seed is printed and its files are kept under DIR. The last
 line says how many seeds passed and failed; the exit code is 0 when all passed.
 
 With --launcher the program is started through another one, and CR LF line ends count as LF:
@@ -26,6 +27,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import compare_figures
 import random_building
 import reference_figures
+import reference_print
 import reference_run
 
 STATUS_LINES = {
@@ -43,6 +45,7 @@ STATUS_LINES = {
 }
 DATE = "2026-11-21 10:00"
 OUTPUTS = {"--json": "figures.json", "--table": "stories.csv", "--table-members": "members.csv"}
+SHEET = "sheet.html"
 MODEL_NAMES = ["model.qhm", "./model.qhm", "{folder}/model.qhm", "a tower.qhm"]
 INPUT_NAMES = ["input.csv", "./input.csv", "{folder}/input.csv", "route 2"]
 
@@ -74,7 +77,7 @@ def difference(what, expected, got):
     return "%s differs" % what
 
 
-def compare_seed(cli, launcher, seed, folder):
+def compare_seed(cli, launcher, seed, folder, sheets):
     """What the first difference is, or None."""
     model = MODEL_NAMES[seed % len(MODEL_NAMES)].format(folder=folder)
     input_file = INPUT_NAMES[seed // 4 % len(INPUT_NAMES)].format(folder=folder)
@@ -108,6 +111,8 @@ def compare_seed(cli, launcher, seed, folder):
         found = "exit code: expected %d, got %d" % (exit_code, run.returncode)
     if found is None:
         found = differing_figures(second, model, run)
+    if found is None and sheets and seed % sheets == 0 and os.path.exists(OUTPUTS["--json"]):
+        found = differing_sheet(launcher + [cli, "sheet", model, input_file], model)
     if found is not None:
         found += "\n    error output %r" % run.stderr[:300]
         for path, text in (("expected.log", log), ("expected.csv", results)):
@@ -133,12 +138,29 @@ def differing_figures(second, model, run):
         run.stderr.decode("utf-8", "replace").replace("\r\n", "\n").split("\n"), document)
 
 
+def differing_sheet(command, model):
+    """The first cell of the sheet that differs from the figures, or None."""
+    run = subprocess.run(command + [SHEET, "--date", DATE, "--json", "again.json"],
+                         stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                         stderr=subprocess.PIPE, timeout=60, check=False)
+    figures, again = contents(OUTPUTS["--json"], None), contents("again.json", None)
+    if figures != again:
+        return "figures of the sheet's run: " + difference("they", figures, again)
+    with open(model, encoding="utf-8") as file:
+        if not compare_figures.is_a_building(json.load(file)):
+            return None
+    document, text = json.loads(figures), contents(SHEET, None)
+    if text is None:
+        return None if run.returncode == 1 and not document["stories"] else "no sheet"
+    return reference_print.difference(document, text.decode("utf-8"))
+
+
 def work_on(job):
-    cli, launcher, seed, work = job
+    cli, launcher, seed, work, sheets = job
     folder = os.path.join(work, "seed-%d" % seed)
     shutil.rmtree(folder, ignore_errors=True)
     try:
-        fatal, found = compare_seed(cli, launcher, seed, folder)
+        fatal, found = compare_seed(cli, launcher, seed, folder, sheets)
     except Exception as error:  # a fault of this comparison is a failed seed, not a lost one
         fatal, found = None, "the comparison itself failed: %r" % error
     os.chdir(work)
@@ -154,6 +176,8 @@ def main():
     parser.add_argument("--work", help="folder for the files of seeds that differ")
     parser.add_argument("--launcher", help="start the program through this one")
     parser.add_argument("--processes", type=int, default=2)
+    parser.add_argument("--sheets", type=int, default=5, metavar="N",
+                        help="a sheet of every N-th building; 0: none")
     options = parser.parse_args()
     cli = os.path.abspath(options.cli)
     if not (os.path.isfile(cli) and (options.launcher or os.access(cli, os.X_OK))):
@@ -162,7 +186,8 @@ def main():
     os.makedirs(work, exist_ok=True)
     passed = failed = 0
     launcher = [options.launcher] if options.launcher else []
-    jobs = ((cli, launcher, seed, work) for seed in range(options.seeds[0], options.seeds[1] + 1))
+    jobs = ((cli, launcher, seed, work, options.sheets)
+            for seed in range(options.seeds[0], options.seeds[1] + 1))
     with multiprocessing.Pool(options.processes) as pool:
         for seed, fatal, found in pool.imap(work_on, jobs, chunksize=8):
             if found is None:
