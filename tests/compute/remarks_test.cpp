@@ -372,6 +372,8 @@ TEST(RemarksOnFindings, NoteAPenthouseAndABasement) {
     findings.stories[1].members = plan(6000.0);
     findings.remarks = FormRemarks(findings);
     EXPECT_THAT(Find(findings, "R32").stories, ElementsAre(1));
+    findings.stories.clear();
+    EXPECT_THAT(FormRemarks(findings), Not(Contains(testing::Field(&Remark::id, "R32"))));
 }
 
 TEST(RemarksOnFindings, NameWhatARecordingDoesNotAnswer) {

@@ -227,9 +227,28 @@ def contradicting_terminal(got, terminal):
             check = direction = None
     if got["run"]["complete"] and rows != 6 * len(got["stories"]):
         return "terminal: %d rows for %d stories" % (rows, len(got["stories"]))
+    counted = line_of_counts(got)
+    if got["run"]["complete"] and got["stories"] and counted not in lines:
+        return "terminal: not the line %r" % counted
     verdict = got["verdict"]
     tool = "none by the tool" if verdict["tool"] is None else verdict["tool"] + " by the tool"
     if not any(line.startswith("Verdict: %s by the code, %s" % (verdict["code"], tool))
                for line in lines):
         return "terminal: not the verdicts %s" % verdict
     return None
+
+
+def line_of_counts(got):
+    """How many rows of the earthquake cases there are, and what both verdicts say of them."""
+    tool, code = [], []
+    for story in got["stories"]:
+        for d in (story["x"], story["second"]):
+            for figure, verdict in (("meanAngle", "toolMeanVerdict"),
+                                    ("stiffnessRatio", "stiffnessRatioTool"),
+                                    ("eccentricityModulus", "eccentricityTool")):
+                tool.append(None if d[figure] is None else d[verdict])
+            code += [d["worstUpright"]["code"], d["stiffnessRatioCode"], d["eccentricityCode"]]
+    passed, failed, missing = tool.count("PASS"), tool.count("FAIL"), tool.count(None)
+    return "Earthquake rows: %d verdicts, %d PASS, %d FAIL%s; by the code: %d OK, %d NG, %d %s" % (
+        passed + failed, passed, failed, ", %d n/a" % missing if missing else "",
+        code.count("OK"), code.count("NG"), code.count("undetermined"), "undetermined")

@@ -312,7 +312,7 @@ class Figures:
         for member in judged:
             if d.worst is None or abs(member.drift[axis]) > abs(d.worst.drift[axis]):
                 d.worst = member
-        if all(math.isfinite(member.drift[axis]) for member in judged):
+        if math.isfinite(h) and all(math.isfinite(member.drift[axis]) for member in judged):
             d.worst_angle = finite(divide(abs(d.worst.drift[axis]), h))
         if d.worst_angle is not None:
             ok = d.worst_angle <= d.limit * (1.0 + EPSILON)

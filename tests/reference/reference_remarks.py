@@ -150,8 +150,9 @@ def on_floors(figures, remarks):
                               for node in (member.low, member.up)]))
     if height > 31000.0 or (width > 0.0 and height > 4.0 * width):
         remarks.add("R28", "warning")
-    if figures.ground_level is not None and levels[0] < figures.ground_level:
-        remarks.add("R32", "note", [1] if figures.stories else [])
+    below_ground = figures.ground_level is not None and levels[0] < figures.ground_level
+    if figures.stories and below_ground:
+        remarks.add("R32", "note", [1])
     if len(figures.stories) > 1:
         top, below = figures.stories[-1], figures.stories[-2]
         if plan_area(run, top) < plan_area(run, below) / 8.0:
