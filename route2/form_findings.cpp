@@ -35,8 +35,8 @@ void FormModel(const AijCodeRoute2& engine, Findings& findings) {
 }
 
 LoadCaseFindings FormLoadCases(const AijCodeRoute2& engine) {
-    LoadCaseFindings cases{engine.deadLoadCaseNumber, engine.earthquakeLoadCaseNumber, {}, {},
-                           engine.loadInfoSet};
+    LoadCaseFindings cases{
+        engine.deadLoadCaseNumber, engine.earthquakeLoadCaseNumber, {}, {}, engine.loadInfoSet};
     const auto& numbers = engine.loadCaseNumbers;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         const bool isPrimary = std::cmp_less(i, engine.numPrimaryLoadCases);

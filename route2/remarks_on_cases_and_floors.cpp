@@ -173,8 +173,7 @@ void OnPenthouse(const Findings& findings, std::vector<Remark>& remarks) {
         if (below > 0.0 && top < kPenthouseShare * below)
             cause.Add(static_cast<int>(count), StoryName(static_cast<int>(count)));
     }
-    if (findings.groundLevel && count > 0 &&
-        findings.floorLevels.front() < *findings.groundLevel)
+    if (findings.groundLevel && count > 0 && findings.floorLevels.front() < *findings.groundLevel)
         cause.Add(1, StoryName(1));
     cause.AppendTo(remarks);
 }
