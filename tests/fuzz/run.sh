@@ -3,8 +3,9 @@
 #
 #     tests/fuzz/run.sh SECONDS [TARGET...]
 #
-# TARGET: input_readers, json_stream, lint, qhm_file, tables, whole_run. What the fuzzer learns is kept in build/fuzz/corpus
-# for the next time. A finding ends its target and is saved in build/fuzz/findings/TARGET; when it
+# TARGET: figures_file, input_readers, json_stream, lint, qhm_file, sheet_lines, tables, whole_run. What
+# the fuzzer learns is kept in build/fuzz/corpus for the next time; how often each target was executed is
+# added up in build/fuzz/executions and written into docs/coverage.md. A finding ends its target and is saved in build/fuzz/findings/TARGET; when it
 # is fixed, put the file into tests/fuzz/regressions/TARGET, where every test run replays it.
 set -euo pipefail
 
@@ -14,7 +15,8 @@ if [ $# -lt 1 ]; then
 fi
 seconds=$1
 shift
-[ $# -gt 0 ] || set -- input_readers json_stream lint qhm_file tables whole_run
+[ $# -gt 0 ] || set -- figures_file input_readers json_stream lint qhm_file sheet_lines \
+    tables whole_run
 
 cd "$(dirname "$0")/../.."
 . scripts/packages.sh
@@ -34,7 +36,10 @@ for target in "$@"; do
     mkdir -p "$corpus" "$findings"
     build/fuzz/tests/fuzz_"$target" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=2048 \
         -max_len=4096 -print_final_stats=1 -dict=tests/fuzz/"$target".dict \
-        -artifact_prefix="$findings"/ "$corpus" "$seeds" tests/fuzz/regressions/"$target" ||
-        status=1
+        -artifact_prefix="$findings"/ "$corpus" "$seeds" tests/fuzz/regressions/"$target" 2>&1 |
+        tee build/fuzz/last-run.log || status=1
+    executed=$(sed -n 's/^stat::number_of_executed_units: *//p' build/fuzz/last-run.log)
+    echo "$target ${executed:-0}" >>build/fuzz/executions
 done
+python3 tests/fuzz/write_executions.py build/fuzz/executions docs/coverage.md
 exit $status
