@@ -43,7 +43,11 @@ protected:
     // With the example's input file, in English whatever this machine speaks.
     void StartOnInput() { Start({L"--lang", L"en", input_.wstring()}); }
 
-    void WaitForTheEndOfTheRun() { sheet_->WaitForControl(IDC_AGAIN); }
+    // "Again" is seen when a run has ended, and with the errors of an input file.
+    void WaitForTheEndOfTheRun() {
+        WaitFor("the end of the run",
+                [this] { return sheet_->IsShown(IDC_AGAIN) && !sheet_->IsShown(IDC_RUN_ANYWAY); });
+    }
 
     UnicodeFolder folder_;
     FileType csv_{L".csv", folder_.Path()};
