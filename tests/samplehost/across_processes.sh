@@ -166,6 +166,29 @@ EachQuestionReachesTheHostOnce() {
     expect_line 'Refused 0' counts.txt
 }
 
+# Calls that are rejected do not reach the host's objects: they are counted when they are taken.
+BusyHostIsWaitedForAndAskedTheSame() {
+    cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
+    start_host two_story_y_up.qhm --count-calls undisturbed.txt
+    cli check two_story_y_up.csv >undisturbed.out 2>err || fail "the run ended early"
+    stop_host
+    cp two_story_y_up.aijR2Result.csv undisturbed.csv
+    start_host two_story_y_up.qhm --count-calls busy.txt --busy 2
+    cli check two_story_y_up.csv >busy.out 2>err || fail "the run ended early"
+    stop_host
+    expect_same undisturbed.txt busy.txt
+    expect_same undisturbed.out busy.out
+    expect_same undisturbed.csv two_story_y_up.aijR2Result.csv
+}
+
+NoProgressIsShownWhereStandardErrorIsNoTerminal() {
+    cp "$examples/two_story_y_up.qhm" "$examples/two_story_y_up.csv" .
+    start_host two_story_y_up.qhm --delay 5
+    cli check --no-lint two_story_y_up.csv >out 2>err || fail "the run ended early"
+    stop_host
+    [ ! -s err ] || fail "standard error has $(cat err)"
+}
+
 UnknownProgIdMeansNoConnection() {
     cp "$examples/two_story_y_up.csv" .
     cli check two_story_y_up.csv >out 2>err
