@@ -223,7 +223,7 @@ class Figures:
             if run.inches:
                 weight = weight * reference_run.KIP_TO_KN
             for member in figures.members:
-                if member.number == number and "gravity" in run.steps_done:
+                if member.number == number and self.complete:
                     member.axial_force = weight
 
     def cut_by(self, story):

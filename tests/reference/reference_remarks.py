@@ -116,8 +116,9 @@ def on_shear_across(figures, axis, remarks):
         d = story.directions[axis]
         if d.shear is None or d.across is None or abs(d.across) < NO_FORCE:
             continue
-        if shares(d.across, d.shear) > worst:
-            worst, at = shares(d.across, d.shear), story.number
+        share = abs(d.across) / max(abs(d.shear), NO_FORCE)
+        if share > worst:
+            worst, at = share, story.number
     if worst > 0.05:
         remarks.add("R13", "error" if worst > 1.0 else "warning", [at])
 
