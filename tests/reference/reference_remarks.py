@@ -301,7 +301,7 @@ def on_weight(figures, story, remarks):
     weight = story.story.weight
     if weight is not None and weight <= 0.0:
         remarks.add("R14", "warning", [story.number])
-    if "gravity" not in figures.run.steps_done:
+    if not figures.complete or "gravity" not in figures.run.steps_done:
         return
     for axis in (0, 1):
         shear = figures.dead_shear(story, axis)
