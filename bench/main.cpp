@@ -12,6 +12,7 @@
 #include "bench/input_check.h"
 #include "bench/measurements.h"
 #include "bench/ratios.h"
+#include "bench/sheet.h"
 #include "bench/tables.h"
 #include "compute/status_texts.h"
 
@@ -106,9 +107,11 @@ void RunBenchmarks(int argc, char** argv) {
         RegisterModelFile(measurements, size);
     RegisterInputChecks();
     RegisterTables();
+    RegisterSheets();
     benchmark::RunSpecifiedBenchmarks();
     PrintInputCheckRatios();
     PrintTables();
+    PrintSheets();
     PrintRatios(measurements, kSizes, kLarge, kGrowths);
     PrintModelFiles(measurements, kModelFileSizes);
 }

@@ -144,7 +144,11 @@ RunUsage Measure(const BuildingSize& size, const Making& making, int repetitions
 }  // namespace
 
 RunUsage MeasureRun(const BuildingSize& size, int repetitions) {
-    return Measure(size, {RunCompute, true}, repetitions);
+    const auto compute = [](const std::string& inputPath, const HostConnector& connect,
+                            StatusList& status, ReportPaths& reports) {
+        return RunCompute(inputPath, connect, status, reports);
+    };
+    return Measure(size, {compute, true}, repetitions);
 }
 
 RunUsage MeasurePlainRun(const BuildingSize& size, int repetitions) {

@@ -157,11 +157,13 @@ std::string NotCountedTable(const Sheet& sheet) {
 
 }  // namespace
 
-std::string AngleSection(const Sheet& sheet) {
-    std::string html = OpenTag("section", {{"id", "S3"}, {"class", "own-page"}});
+void AngleSection(const Sheet& sheet, std::string& html) {
+    html += OpenTag("section", {{"id", "S3"}, {"class", "own-page"}});
     html += Heading("3", Text("S3")) + FormulaLine("γ = δ / h ≦ 1/200", Text("angle formulas"));
-    if (sheet.findings.stories.empty())
-        return html + SmallPrint(Text("no stories")) + "</section>\n";
+    if (sheet.findings.stories.empty()) {
+        html += SmallPrint(Text("no stories")) + "</section>\n";
+        return;
+    }
     html += AngleTable(sheet, kX) + AngleTable(sheet, kZ) + AngleProfile(sheet);
-    return html + NotCountedTable(sheet) + "</section>\n";
+    html += NotCountedTable(sheet) + "</section>\n";
 }

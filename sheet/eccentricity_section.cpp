@@ -94,17 +94,19 @@ std::string EccentricityTable(const Sheet& sheet, NoteList& notes) {
 
 }  // namespace
 
-std::string EccentricitySection(const Sheet& sheet) {
-    std::string html = OpenTag("section", {{"id", "S5"}, {"class", "own-page"}});
+void EccentricitySection(const Sheet& sheet, std::string& html) {
+    html += OpenTag("section", {{"id", "S5"}, {"class", "own-page"}});
     html += Heading("5", Text("S5"));
     html += FormulaLine(GravityFormulas(sheet) + ",  " + RigidityFormulas(sheet) + ",  " +
                             TorsionFormulas(sheet) + ",  " + ModulusFormulas(sheet),
                         Text("modulus formulas"));
-    if (sheet.findings.stories.empty())
-        return html + SmallPrint(Text("no stories")) + "</section>\n";
+    if (sheet.findings.stories.empty()) {
+        html += SmallPrint(Text("no stories")) + "</section>\n";
+        return;
+    }
     NoteList notes(sheet);
     html += EccentricityTable(sheet, notes) + notes.Explained();
     html += SmallPrint(Text("modulus of a direction"));
     html += ModulusProfile(sheet) + ShapeFactorLines(sheet);
-    return html + "</section>\n";
+    html += "</section>\n";
 }

@@ -20,9 +20,9 @@ std::string FileCell(const SheetFile& file) {
 
 }  // namespace
 
-std::string FilesAppendix(const Sheet& sheet) {
+void FilesAppendix(const Sheet& sheet, std::string& html) {
     const SheetContent& content = sheet.content;
-    std::string html = OpenTag("section", {{"id", "A3"}, {"class", "follows"}});
+    html += OpenTag("section", {{"id", "A3"}, {"class", "follows"}});
     html += Heading("A3", Text("A3"));
     Table table("A3", {}, {34, 144}, "files text");
     const auto row = [&table](Words label, const std::string& cell) {
@@ -35,5 +35,5 @@ std::string FilesAppendix(const Sheet& sheet) {
     if (!content.commandLine.empty())
         row(Text("command line"), Cell(Element("code", {}, HtmlText(content.commandLine))));
     row(Text("made"), Cell(HtmlText(content.made)));
-    return html + table.Html() + "</section>\n";
+    html += table.Html() + "</section>\n";
 }

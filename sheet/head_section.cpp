@@ -109,9 +109,9 @@ std::string ToBeWritten(const std::string& text) {
 
 }  // namespace
 
-std::string HeadSection(const Sheet& sheet) {
+void HeadSection(const Sheet& sheet, std::string& html) {
     const SheetContent& content = sheet.content;
-    std::string html = "<header>\n<h1>" + InBoth(Text("title")) + "</h1>\n";
+    html += "<header>\n<h1>" + InBoth(Text("title")) + "</h1>\n";
     Table table("head", {}, {34, 144}, "head text");
     const auto row = [&table](Words label, const std::string& cell) {
         table.Row(RowHead(InBoth(label)) + cell);
@@ -128,5 +128,5 @@ std::string HeadSection(const Sheet& sheet) {
     row(Text("load cases row"), Cell(CasesCell(sheet)));
     row(Text("counts row"), Cell(CountsCell(sheet.findings)));
     row(Text("results, log"), Cell(ReportCell(content)));
-    return html + table.Html() + "</header>\n";
+    html += table.Html() + "</header>\n";
 }

@@ -1,7 +1,9 @@
 #include "sheet/html.h"
 
+#include <algorithm>
+#include <array>
+
 #include "platform/utf8_character.h"
-#include "sheet/concat.h"
 
 namespace {
 
@@ -48,11 +50,15 @@ std::string_view TakeCharacter(std::string_view& text) {
     return IsUnfit(character.code) ? kReplacement : bytes;
 }
 
-// What stands for itself in HTML.
-bool IsPlainAscii(char byte) {
-    return byte >= ' ' && byte <= '~' && byte != '&' && byte != '<' && byte != '>' && byte != '"' &&
-           byte != '\'';
-}
+// By byte, what stands for itself in HTML.
+constexpr std::array<bool, 256> kIsPlain = [] {
+    std::array<bool, 256> isPlain{};
+    for (std::size_t byte = ' '; byte <= '~'; ++byte)
+        isPlain[byte] = true;
+    for (const char byte : {'&', '<', '>', '"', '\''})
+        isPlain[static_cast<std::size_t>(byte)] = false;
+    return isPlain;
+}();
 
 // The part behind a mark of HtmlOfOwnText: one character, or what stands in braces.
 std::string_view TakePart(std::string_view& text) {
@@ -69,14 +75,16 @@ std::string_view TakePart(std::string_view& text) {
 // How many characters at the start stand for themselves.
 std::size_t CountPlain(std::string_view text) {
     std::size_t count = 0;
-    while (count < text.size() && IsPlainAscii(text[count]))
+    while (count < text.size() && kIsPlain[static_cast<unsigned char>(text[count])])
         ++count;
     return count;
 }
 
-// Whether a part of the sheet's own texts begins here that is set lower or higher.
-bool BeginsPart(std::string_view text) {
-    return text.front() == '_' || text.front() == '^';
+// Adds what stands before the next part that is set lower or higher, and takes it away.
+void AppendToNextPart(std::string& html, std::string_view& text) {
+    const std::size_t length = std::min(text.find_first_of("_^"), text.size());
+    AppendHtmlText(html, text.substr(0, length), std::string_view::npos);
+    text.remove_prefix(length);
 }
 
 }  // namespace
@@ -105,24 +113,27 @@ std::string HtmlText(std::string_view text, std::size_t mostCharacters) {
     return html;
 }
 
-std::string HtmlOfOwnText(std::string_view text) {
-    std::string html;
+void AppendHtmlOfOwnText(std::string& html, std::string_view text) {
     while (!text.empty()) {
-        if (!BeginsPart(text)) {
-            html += TakeCharacter(text);
-            continue;
-        }
+        AppendToNextPart(html, text);
+        if (text.empty()) return;
         const std::string_view tag = text.front() == '_' ? "sub" : "sup";
         text.remove_prefix(1);
-        html += Element(tag, {}, HtmlText(TakePart(text)));
+        AppendOpenTag(html, tag);
+        AppendHtmlText(html, TakePart(text));
+        AppendCloseTag(html, tag);
     }
+}
+
+std::string HtmlOfOwnText(std::string_view text) {
+    std::string html;
+    AppendHtmlOfOwnText(html, text);
     return html;
 }
 
 std::string HtmlOfDrawnText(std::string_view text) {
     std::string html;
-    while (!text.empty() && !BeginsPart(text))
-        html += TakeCharacter(text);
+    AppendToNextPart(html, text);
     if (text.empty()) return html;
     const bool isLower = text.front() == '_';
     text.remove_prefix(1);
@@ -133,31 +144,43 @@ std::string HtmlOfDrawnText(std::string_view text) {
     return html + Element("tspan", {{"dy", isLower ? "-0.21em" : "0.28em"}}, HtmlOfDrawnText(text));
 }
 
-std::string AttributeText(const HtmlAttribute& attribute) {
-    return Concat(
-        {" ", attribute.name, "=\"", HtmlText(attribute.value, std::string_view::npos), "\""});
+void AppendOpenTag(std::string& html, std::string_view tag,
+                   std::initializer_list<HtmlAttribute> attributes) {
+    html += '<';
+    html += tag;
+    for (const HtmlAttribute& attribute : attributes) {
+        html += ' ';
+        html += attribute.name;
+        html += "=\"";
+        AppendHtmlText(html, attribute.value, std::string_view::npos);
+        html += '"';
+    }
+    html += '>';
+}
+
+void AppendCloseTag(std::string& html, std::string_view tag) {
+    html += "</";
+    html += tag;
+    html += '>';
 }
 
 std::string OpenTag(std::string_view tag, std::initializer_list<HtmlAttribute> attributes) {
-    std::string html = "<";
-    html += tag;
-    for (const HtmlAttribute& attribute : attributes)
-        html += AttributeText(attribute);
-    html += '>';
+    std::string html;
+    AppendOpenTag(html, tag, attributes);
     return html;
 }
 
 std::string CloseTag(std::string_view tag) {
-    std::string html = "</";
-    html += tag;
-    html += '>';
+    std::string html;
+    AppendCloseTag(html, tag);
     return html;
 }
 
 std::string Element(std::string_view tag, std::initializer_list<HtmlAttribute> attributes,
                     std::string_view content) {
-    std::string html = OpenTag(tag, attributes);
+    std::string html;
+    AppendOpenTag(html, tag, attributes);
     html += content;
-    html += CloseTag(tag);
+    AppendCloseTag(html, tag);
     return html;
 }

@@ -22,22 +22,28 @@ void AppendHtmlText(std::string& html, std::string_view text,
 /// A text of the sheet's own: the same, and `_x` or `_{xyz}` is set lower, `^{xyz}` higher.
 std::string HtmlOfOwnText(std::string_view text);
 
+/// The same, added to HTML.
+void AppendHtmlOfOwnText(std::string& html, std::string_view text);
+
 /// The same for text of a drawing.
 std::string HtmlOfDrawnText(std::string_view text);
 
+/// Borrows both texts.
 struct HtmlAttribute {
     std::string_view name;
-    std::string value;  ///< any text; it is escaped
+    std::string_view value;  ///< any text; it is escaped
 };
-
-/// ` name="value"`, as it stands in a tag.
-std::string AttributeText(const HtmlAttribute& attribute);
 
 /// "<tag name="value">".
 std::string OpenTag(std::string_view tag, std::initializer_list<HtmlAttribute> attributes = {});
 
 /// "</tag>".
 std::string CloseTag(std::string_view tag);
+
+/// The same, added to HTML.
+void AppendOpenTag(std::string& html, std::string_view tag,
+                   std::initializer_list<HtmlAttribute> attributes = {});
+void AppendCloseTag(std::string& html, std::string_view tag);
 
 /// An element around `content`, which is HTML.
 std::string Element(std::string_view tag, std::initializer_list<HtmlAttribute> attributes,

@@ -99,12 +99,11 @@ std::string AllowableLines(const Sheet& sheet) {
 
 }  // namespace
 
-std::string InputSection(const Sheet& sheet) {
+void InputSection(const Sheet& sheet, std::string& html) {
     const InputAsRead& input = sheet.content.inputAsRead;
     const bool isLong = input.lines.size() > kMostLinesInBody;
-    std::string html =
-        OpenTag("section", {{"id", "S9"}, {"class", isLong ? "own-page" : "follows"}});
+    html += OpenTag("section", {{"id", "S9"}, {"class", isLong ? "own-page" : "follows"}});
     html += Heading("9", Text("S9"));
     html += input.lines.empty() ? SmallPrint(Text("no input")) : LinesTable(input);
-    return html + Defaults(input) + AllowableLines(sheet) + "</section>\n";
+    html += Defaults(input) + AllowableLines(sheet) + "</section>\n";
 }

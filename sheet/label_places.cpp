@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -69,23 +70,27 @@ void LabelPlaces::OccupyLine(Point from, Point to, double width) {
     }
 }
 
-double LabelPlaces::Covered(const Rectangle& box) const {
+double LabelPlaces::Covered(const Rectangle& box, double enough) const {
     double covered = 20.0 * (box.Width() * box.Height() - SharedArea(box, page_));
-    for (const Rectangle& other : occupied_)
+    for (const Rectangle& other : occupied_) {
+        if (!box.Overlaps(other)) continue;
         covered += SharedArea(box, other);
+        if (covered >= enough) break;
+    }
     return covered;
 }
 
 Rectangle LabelPlaces::Take(const std::vector<Rectangle>& candidates) {
     constexpr double kRoomAround = 0.25;  // mm
+    constexpr double kNothing = 1e-9;     // mm^2
     Rectangle best = candidates.front();
-    double least = Covered(best.Grown(kRoomAround));
+    double least = std::numeric_limits<double>::infinity();
     for (const Rectangle& candidate : candidates) {
-        const double covered = Covered(candidate.Grown(kRoomAround));
-        if (covered < least - 1e-9) {
-            best = candidate;
-            least = covered;
-        }
+        const double covered = Covered(candidate.Grown(kRoomAround), least);
+        if (!(covered < least - kNothing)) continue;
+        best = candidate;
+        least = covered;
+        if (least <= kNothing) break;
     }
     Occupy(best);
     return best;

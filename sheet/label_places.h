@@ -25,10 +25,10 @@ public:
     /// least; it is occupied from then on.
     Rectangle Take(const std::vector<Rectangle>& candidates);
 
-    /// How much of `box` is covered or lies beyond the page, mm^2.
-    double Covered(const Rectangle& box) const;
-
 private:
+    // How much of `box` is covered or lies beyond the page, mm^2; `enough` ends the count.
+    double Covered(const Rectangle& box, double enough) const;
+
     Rectangle page_;
     std::vector<Rectangle> occupied_;
 };

@@ -84,41 +84,51 @@ Figure PlanDistance(const Findings& findings, const ModelMember* member) {
     return Finite(std::hypot(a.x - b.x, findings.zIsVertical ? a.y - b.y : a.z - b.z));
 }
 
-std::string KindCell(const Sheet& sheet, const ModelMembers& model, const MemberFindings& member) {
+void AppendKindCell(std::string& cells, const Sheet& sheet, const ModelMembers& model,
+                    const MemberFindings& member) {
     const Figure distance = PlanDistance(sheet.findings, model.Find(member.number));
-    return Cell(Concat({member.upright ? "│ " : "╱ ", NumberText(distance, kCoordinateFormat)}));
+    cells += "<td>";
+    cells += member.upright ? "│ " : "╱ ";
+    cells += NumberText(distance, kCoordinateFormat);
+    cells += "</td>";
 }
 
-std::string StiffnessClass(const MemberFindings& member, std::size_t axis) {
+std::string_view StiffnessClass(const MemberFindings& member, std::size_t axis) {
     if (member.stiffness[axis].value_or(0.0) < 0.0) return "red";
     const bool hardlyMoves = member.drift[axis] && std::abs(*member.drift[axis]) < kHardlyMoving;
     return hardlyMoves ? "hardly" : "";
 }
 
-std::string DirectionCells(const MemberFindings& member, int story, std::size_t axis) {
-    const std::string cssClass = StiffnessClass(member, axis);
-    const auto place = [&](std::string_view key) {
-        return FigurePlace{key, story, axis, member.number};
+void AppendDirectionCells(std::string& cells, const MemberFindings& member, int story,
+                          std::size_t axis) {
+    const std::string_view cssClass = StiffnessClass(member, axis);
+    const FigureRow row({{}, story, axis, member.number});
+    const auto figure = [&](std::string_view key, const std::string& text,
+                            std::string_view classOfCell = {}) {
+        row.AppendCell(cells, key, text, classOfCell);
     };
-    return FigureCell(place("members.shear_kN"),
-                      NumberText(member.shear[axis], kForceInDetailFormat)) +
-           FigureCell(place("members.drift_mm"), NumberText(member.drift[axis], kDriftFormat),
-                      cssClass == "hardly" ? cssClass : "") +
-           FigureCell(place("members.stiffness_kNpmm"),
-                      NumberText(member.stiffness[axis], kStiffnessInDetailFormat), cssClass) +
-           NumberCell(Moment(member.stiffnessMoment[axis])) +
-           NumberCell(MomentInMetres(member.torsionalPart[axis]));
+    figure("members.shear_kN", NumberText(member.shear[axis], kForceInDetailFormat));
+    figure("members.drift_mm", NumberText(member.drift[axis], kDriftFormat),
+           cssClass == "hardly" ? cssClass : "");
+    figure("members.stiffness_kNpmm", NumberText(member.stiffness[axis], kStiffnessInDetailFormat),
+           cssClass);
+    AppendNumberCell(cells, Moment(member.stiffnessMoment[axis]));
+    AppendNumberCell(cells, MomentInMetres(member.torsionalPart[axis]));
 }
 
-std::string MemberRow(const Sheet& sheet, const ModelMembers& model, const MemberFindings& member,
-                      int story) {
-    const auto place = [&](std::string_view key) {
-        return FigurePlace{key, story, {}, member.number};
-    };
-    return RowHead(IdentifierText(member.number)) + KindCell(sheet, model, member) +
-           FigureCell(place("members.x_mm"), NumberText(Finite(member.x), kCoordinateFormat)) +
-           FigureCell(place("members.v_mm"), NumberText(Finite(member.v), kCoordinateFormat)) +
-           DirectionCells(member, story, kX) + DirectionCells(member, story, kZ);
+// The same cells in every table of members: where it stands.
+void AppendCoordinateCells(std::string& cells, const FigureRow& row, const MemberFindings& member) {
+    row.AppendCell(cells, "members.x_mm", NumberText(Finite(member.x), kCoordinateFormat));
+    row.AppendCell(cells, "members.v_mm", NumberText(Finite(member.v), kCoordinateFormat));
+}
+
+void AppendMemberCells(std::string& cells, const Sheet& sheet, const ModelMembers& model,
+                       const MemberFindings& member, int story) {
+    cells += RowHead(IdentifierText(member.number));
+    AppendKindCell(cells, sheet, model, member);
+    AppendCoordinateCells(cells, FigureRow({{}, story, {}, member.number}), member);
+    for (const std::size_t axis : {kX, kZ})
+        AppendDirectionCells(cells, member, story, axis);
 }
 
 std::string SumCells(const StoryFindings& story, std::size_t axis) {
@@ -162,8 +172,12 @@ std::string MemberTable(const Sheet& sheet, const ModelMembers& model, const Sto
     table.HeadRow(columns);
     const auto shown =
         Choose(Pointers(story.members), sheet.content.options.detail, TorsionalWeight);
-    for (const MemberFindings* const member : shown)
-        table.Row(MemberRow(sheet, model, *member, story.number));
+    std::string cells;
+    for (const MemberFindings* const member : shown) {
+        cells.clear();
+        AppendMemberCells(cells, sheet, model, *member, story.number);
+        table.Row(cells);
+    }
     table.SumRow("<th scope=\"row\" colspan=\"4\">" + InBoth(Text("sum")) + "</th>" +
                  SumCells(story, kX) + SumCells(story, kZ));
     return table.Html() + LeftOut(story.members.size(), shown.size());
@@ -243,22 +257,27 @@ std::vector<const MemberFindings*> Weighed(const StoryFindings& story) {
     return weighed;
 }
 
-std::string AxialRow(const StoryFindings& story, const MemberFindings* member) {
-    const auto place = [&](std::string_view key) {
-        return FigurePlace{key, story.number, {}, member->number};
-    };
-    const bool isCounted = IsStoryMember(story, member);
-    const std::string mark = isCounted ? "" : Element("sup", {}, "†");
-    // Coordinates and force of a member that is no story member stand nowhere else.
-    const auto cell = [&](std::string_view key, const std::string& text) {
-        return isCounted ? FigureCell(place(key), text) : NumberCell(text);
-    };
-    return RowHead(IdentifierText(member->number) + mark) +
-           cell("members.x_mm", NumberText(Finite(member->x), kCoordinateFormat)) +
-           cell("members.v_mm", NumberText(Finite(member->v), kCoordinateFormat)) +
-           cell("members.axialForce_kN", NumberText(member->axialForce, kForceInDetailFormat)) +
-           NumberCell(MomentInMetres(member->weightMoment[kX])) +
-           NumberCell(MomentInMetres(member->weightMoment[kZ]));
+// Coordinates and force of a member that is no story member stand nowhere else.
+void AppendCellsOfNotCounted(std::string& cells, const MemberFindings& member) {
+    AppendNumberCell(cells, NumberText(Finite(member.x), kCoordinateFormat));
+    AppendNumberCell(cells, NumberText(Finite(member.v), kCoordinateFormat));
+    AppendNumberCell(cells, NumberText(member.axialForce, kForceInDetailFormat));
+}
+
+void AppendAxialCells(std::string& cells, const StoryFindings& story,
+                      const MemberFindings& member) {
+    const bool isCounted = IsStoryMember(story, &member);
+    cells += RowHead(IdentifierText(member.number) + (isCounted ? "" : "<sup>†</sup>"));
+    if (isCounted) {
+        const FigureRow row({{}, story.number, {}, member.number});
+        AppendCoordinateCells(cells, row, member);
+        row.AppendCell(cells, "members.axialForce_kN",
+                       NumberText(member.axialForce, kForceInDetailFormat));
+    } else {
+        AppendCellsOfNotCounted(cells, member);
+    }
+    for (const std::size_t axis : {kX, kZ})
+        AppendNumberCell(cells, MomentInMetres(member.weightMoment[axis]));
 }
 
 std::string AxialTable(const Sheet& sheet, const StoryFindings& story) {
@@ -274,8 +293,12 @@ std::string AxialTable(const Sheet& sheet, const StoryFindings& story) {
                    {nv, "kN·m"}});
     const auto all = Weighed(story);
     const auto shown = Choose(all, sheet.content.options.detail, AxialWeight);
-    for (const MemberFindings* const member : shown)
-        table.Row(AxialRow(story, member));
+    std::string cells;
+    for (const MemberFindings* const member : shown) {
+        cells.clear();
+        AppendAxialCells(cells, story, *member);
+        table.Row(cells);
+    }
     table.SumRow("<th scope=\"row\" colspan=\"3\">" + InBoth(Text("sum")) + "</th>" +
                  NumberCell(NumberText(story.weightAbove, kForceInDetailFormat)) +
                  NumberCell(MomentInMetres(story.weightMoment[kX])) +
@@ -290,30 +313,32 @@ std::string AxialTable(const Sheet& sheet, const StoryFindings& story) {
                                    NumberText(story.weightAbove, kForceInDetailFormat),
                                    NumberText(story.gravityCenter[axis], kCoordinateFormat))));
     html += Element("ul", {{"class", "followed"}}, lines) + "\n";
-    return story.cutNotCounted.empty() ? html : html + SmallPrint(Text("dagger"));
+    if (!story.cutNotCounted.empty()) html += SmallPrint(Text("dagger"));
+    return html;
 }
 
-std::string StoryDetails(const Sheet& sheet, const ModelMembers& model,
-                         const StoryFindings& story) {
-    std::string html =
-        SubHeading(Filled(Text("A1 story"), {{"story", sheet.names.Story(story.number)}}));
-    if (story.members.empty())
+void AppendStoryDetails(std::string& html, const Sheet& sheet, const ModelMembers& model,
+                        const StoryFindings& story) {
+    html += SubHeading(Filled(Text("A1 story"), {{"story", sheet.names.Story(story.number)}}));
+    if (story.members.empty()) {
         html += SmallPrint(Text("no story members"));
-    else
-        html += MemberTable(sheet, model, story) + FollowedLines(sheet, story);
-    return html + AxialTable(sheet, story);
+    } else {
+        html += MemberTable(sheet, model, story);
+        html += FollowedLines(sheet, story);
+    }
+    html += AxialTable(sheet, story);
 }
 
 }  // namespace
 
-std::string MemberAppendix(const Sheet& sheet) {
+void MemberAppendix(const Sheet& sheet, std::string& html) {
     if (sheet.content.options.detail == SheetDetail::kNone || sheet.findings.stories.empty())
-        return {};
+        return;
     const ModelMembers model(sheet.findings);
-    std::string html = OpenTag("section", {{"id", "A1"}, {"class", "own-page"}});
+    html += OpenTag("section", {{"id", "A1"}, {"class", "own-page"}});
     html += Heading("A1", Text("A1"));
     html += SmallPrint(Text("A1 legend"));
     for (std::size_t i = sheet.StoryCount(); i-- > 0;)
-        html += StoryDetails(sheet, model, sheet.findings.stories[i]);
-    return html + "</section>\n";
+        AppendStoryDetails(html, sheet, model, sheet.findings.stories[i]);
+    html += "</section>\n";
 }

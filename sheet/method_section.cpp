@@ -18,12 +18,12 @@ std::string List(const std::vector<std::string>& items) {
 
 }  // namespace
 
-std::string MethodSection(const Sheet& sheet) {
+void MethodSection(const Sheet& sheet, std::string& html) {
     const auto formula = [](const std::string& formulas, Words meaning) {
         return Element("span", {{"class", "formulas"}}, HtmlOfOwnText(formulas)) + " " +
                InBoth(meaning);
     };
-    std::string html = OpenTag("section", {{"id", "S8"}, {"class", "own-page"}});
+    html += OpenTag("section", {{"id", "S8"}, {"class", "own-page"}});
     html += Heading("8", Text("S8")) + "<div class=\"columns\">";
     html += SubHeading(Text("formulas"));
     html += List(
@@ -44,5 +44,5 @@ std::string MethodSection(const Sheet& sheet) {
                   InBoth(Text("no cladding")), InBoth(Text("no accidental loads")),
                   InBoth(Text("no basement")), InBoth(Text("no flexible floors")),
                   InBoth(Filled(Text("no skew frames"), {{"2", sheet.names.Direction(kZ)}}))});
-    return html + "</div></section>\n";
+    html += "</div></section>\n";
 }

@@ -7,6 +7,7 @@
 #include "report/number_text.h"
 #include "route2/node_table.h"
 #include "route2/tolerances.h"
+#include "sheet/concat.h"
 #include "sheet/drawing_parts.h"
 #include "sheet/html.h"
 #include "sheet/label_places.h"
@@ -229,14 +230,16 @@ private:
             above.push_back({{x, plan_.top - 1.0}, HtmlText(line->name, kLongestGridName)});
         for (const auto& [y, line] : GridLines(kZ)) {
             aside.push_back({{0.4, y + 0.8}, HtmlText(line->name, kLongestGridName)});
-            places_.Occupy(LabelBox(aside.back().at, line->name, kLabelSize));
+            places_.Occupy(
+                LabelBox(aside.back().at, TextWidth(line->name, kLabelSize), kLabelSize));
         }
         svg_.Texts(above, {.size = kLabelSize, .anchor = Anchor::kMiddle, .hasHalo = true});
         svg_.Texts(aside, {.size = kLabelSize, .hasHalo = true});
     }
 
-    static Rectangle LabelBox(Point base, const std::string& text, double size) {
-        return {base.x, base.y - 0.78 * size, base.x + TextWidth(text, size), base.y + 0.12 * size};
+    // Of a text of `width` on its base line.
+    static Rectangle LabelBox(Point base, double width, double size) {
+        return {base.x, base.y - 0.78 * size, base.x + width, base.y + 0.12 * size};
     }
 
     // Level members at the story's upper floor.
@@ -411,7 +414,7 @@ private:
               Point{at.x - width / 2.0, at.y - far - 0.4},
               Point{at.x - width / 2.0, at.y + far + 2.4}, Point{at.x + far + 2.0, at.y + 1.0},
               Point{at.x - far - width - 2.0, at.y + 1.0}})
-            candidates.push_back(LabelBox(base, name, kSize));
+            candidates.push_back(LabelBox(base, width, kSize));
         const Rectangle box = places_.Take(candidates);
         svg_.Text({box.left, box.bottom - 0.12 * kSize},
                   {.size = kSize, .isBold = true, .hasHalo = true}, name);
@@ -433,7 +436,7 @@ private:
         const double width = TextWidth(text, kLabelSize);
         const double x = std::clamp(edge.x - width / 2.0, 1.0, kWidth - 1.0 - width);
         const double y = edge.y > plan_.Bottom() / 2.0 ? edge.y - 3.0 : edge.y + 4.6;
-        const Rectangle box = places_.Take({LabelBox({x, y}, text, kLabelSize)});
+        const Rectangle box = places_.Take({LabelBox({x, y}, width, kLabelSize)});
         svg_.Text({box.left, box.bottom - 0.12 * kLabelSize},
                   {.size = kLabelSize, .isBold = true, .hasHalo = true}, HtmlText(text));
     }
@@ -454,7 +457,7 @@ private:
         const double width = TextWidth(measured, kDistanceSize);
         std::vector<Rectangle> places;
         const auto add = [&](double x, double y) {
-            places.push_back(LabelBox({x, y}, measured, kDistanceSize));
+            places.push_back(LabelBox({x, y}, width, kDistanceSize));
         };
         if (isLevel) {
             add(middle.x - width / 2.0, middle.y + 3.0);
@@ -549,7 +552,7 @@ private:
               Point{left, at.y - 1.5}, Point{right, at.y - 1.5}, Point{left - 0.3, at.y + 0.8},
               Point{right + 0.3, at.y + 0.8}, Point{middle, at.y - 2.0}, Point{middle, at.y + 5.6},
               Point{right, at.y + 5.2}, Point{left, at.y + 5.2}})
-            candidates.push_back(LabelBox(base, text, kLabelSize));
+            candidates.push_back(LabelBox(base, width, kLabelSize));
         const Rectangle box = places_.Take(candidates);
         return {{box.left, box.bottom - 0.12 * kLabelSize}, HtmlText(text)};
     }
@@ -634,8 +637,9 @@ std::string Plans(const Sheet& sheet) {
         const bool isFirst = (sheet.StoryCount() - 1 - i) % 2 == 0;
         if (isFirst) html += "<div class=\"figures plans\">";
         const StoryFindings& story = sheet.findings.stories[i];
-        html += "<figure>" + Plan(sheet, model, plan, story).Html() + "<figcaption>" +
-                CaptionOf(sheet, story) + "</figcaption></figure>";
+        html += "<figure>";
+        html += Plan(sheet, model, plan, story).Html();
+        html += Concat({"<figcaption>", CaptionOf(sheet, story), "</figcaption></figure>"});
         if (!isFirst || i == 0) html += "</div>\n";
     }
     return html;

@@ -6,10 +6,13 @@
 #include "sheet/sheet_parts.h"
 #include "sheet/texts.h"
 
-std::string PlanSection(const Sheet& sheet) {
-    std::string html = OpenTag("section", {{"id", "S6"}, {"class", "own-page"}});
+void PlanSection(const Sheet& sheet, std::string& html) {
+    html += OpenTag("section", {{"id", "S6"}, {"class", "own-page"}});
     html += Heading("6", Text("S6"));
-    if (sheet.findings.stories.empty())
-        return html + SmallPrint(Text("no stories")) + "</section>\n";
-    return html + Plans(sheet) + "</section>\n";
+    if (sheet.findings.stories.empty()) {
+        html += SmallPrint(Text("no stories")) + "</section>\n";
+        return;
+    }
+    html += Plans(sheet);
+    html += "</section>\n";
 }

@@ -104,13 +104,15 @@ std::string RatioTable(const Sheet& sheet, NoteList& notes) {
 
 }  // namespace
 
-std::string RatioSection(const Sheet& sheet) {
-    std::string html = OpenTag("section", {{"id", "S4"}, {"class", "own-page"}});
+void RatioSection(const Sheet& sheet, std::string& html) {
+    html += OpenTag("section", {{"id", "S4"}, {"class", "own-page"}});
     html += Heading("4", Text("S4")) + FormulaLine(RatioFormulas(), Text("ratio formulas"));
-    if (sheet.findings.stories.empty())
-        return html + SmallPrint(Text("no stories")) + "</section>\n";
+    if (sheet.findings.stories.empty()) {
+        html += SmallPrint(Text("no stories")) + "</section>\n";
+        return;
+    }
     NoteList notes(sheet);
     html += RatioTable(sheet, notes) + notes.Explained() + SmallPrint(Text("reference ratios"));
     html += RatioProfile(sheet);
-    return html + "</section>\n";
+    html += "</section>\n";
 }

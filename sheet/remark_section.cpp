@@ -81,10 +81,13 @@ Words WordOf(RemarkKind kind) {
     return {};
 }
 
-std::string RemarkSection(const Sheet& sheet) {
-    std::string html = OpenTag("section", {{"id", "S7"}}) + Heading("7", Text("S7"));
+void RemarkSection(const Sheet& sheet, std::string& html) {
+    html += OpenTag("section", {{"id", "S7"}}) + Heading("7", Text("S7"));
     const auto& remarks = sheet.findings.remarks;
-    if (remarks.empty()) return html + SmallPrint(Text("no remarks")) + "</section>\n";
+    if (remarks.empty()) {
+        html += SmallPrint(Text("no remarks")) + "</section>\n";
+        return;
+    }
     Table table("S7", {}, {12, 15, 30, 75, 46}, "remarks text");
     table.HeadRow({{Text("number")},
                    {Text("kind")},
@@ -98,5 +101,5 @@ std::string RemarkSection(const Sheet& sheet) {
                       Cell(TextsInBoth(remark.doJa, remark.doEn)),
                   " class=\"" + std::string(ClassOf(remark.kind)) + "\" data-remark=\"" +
                       HtmlText(remark.id) + "\"");
-    return html + table.Html() + "</section>\n";
+    html += table.Html() + "</section>\n";
 }

@@ -51,12 +51,15 @@ std::string NameOfAxis(const Sheet& sheet, const ResultsRow& row) {
 
 }  // namespace
 
-std::string ResultsAppendix(const Sheet& sheet) {
+void ResultsAppendix(const Sheet& sheet, std::string& html) {
     const Findings& findings = sheet.findings;
     const std::vector<ResultsRow> rows = ResultsRowsOf(findings);
-    std::string html = OpenTag("section", {{"id", "A2"}, {"class", "follows"}});
+    html += OpenTag("section", {{"id", "A2"}, {"class", "follows"}});
     html += Heading("A2", Text("A2"));
-    if (rows.empty()) return html + SmallPrint(Text("no results file")) + "</section>\n";
+    if (rows.empty()) {
+        html += SmallPrint(Text("no results file")) + "</section>\n";
+        return;
+    }
     html += SmallPrint(Text("order of the results file"));
     const bool isCompared = !sheet.content.resultsText.empty();
     const std::vector<bool> holds = HoldsRows(sheet.content.resultsText, rows);
@@ -81,5 +84,5 @@ std::string ResultsAppendix(const Sheet& sheet) {
                       differs ? " class=\"wrong\"" : "");
         }
     }
-    return html + table.Html() + "</section>\n";
+    html += table.Html() + "</section>\n";
 }

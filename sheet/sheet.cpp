@@ -55,12 +55,25 @@ std::string Title(const SheetContent& content) {
     return HtmlText(path.substr(path.find_last_of("/\\") + 1) + " – " + title);
 }
 
+// About what a page takes, so that it need not be copied while it grows.
+std::size_t ExpectedSize(const SheetContent& content) {
+    constexpr std::size_t kWithoutStories = 60000;
+    constexpr std::size_t kPerStory = 32000;
+    constexpr std::size_t kPerMember = 1600;
+    std::size_t size = kWithoutStories + kPerStory * content.findings.stories.size();
+    for (const StoryFindings& story : content.findings.stories)
+        size += kPerMember * story.members.size();
+    return size;
+}
+
 }  // namespace
 
 std::string SheetHtml(const SheetContent& content) {
     const Sheet sheet(content);
     const bool isEnglish = content.options.language == SheetLanguage::kEnglish;
-    std::string html = "<!DOCTYPE html>\n<html lang=\"";
+    std::string html;
+    html.reserve(ExpectedSize(content));
+    html += "<!DOCTYPE html>\n<html lang=\"";
     html += isEnglish ? "en" : "ja";
     html +=
         "\">\n<head>\n<meta charset=\"utf-8\">\n"
@@ -74,6 +87,7 @@ std::string SheetHtml(const SheetContent& content) {
          {HeadSection, SummarySection, StoriesSection, AngleSection, RatioSection,
           EccentricitySection, PlanSection, RemarkSection, MethodSection, InputSection,
           MemberAppendix, ResultsAppendix, FilesAppendix})
-        html += section(sheet);
-    return html + "</main>\n</body>\n</html>\n";
+        section(sheet, html);
+    html += "</main>\n</body>\n</html>\n";
+    return html;
 }

@@ -18,18 +18,18 @@ struct Sheet {
     std::size_t StoryCount() const { return findings.stories.size(); }
 };
 
-// The sections of a sheet as HTML, in their order.
+// The sections of a sheet, each added to the HTML, in their order.
 
-std::string HeadSection(const Sheet& sheet);
-std::string SummarySection(const Sheet& sheet);       // S1
-std::string StoriesSection(const Sheet& sheet);       // S2
-std::string AngleSection(const Sheet& sheet);         // S3
-std::string RatioSection(const Sheet& sheet);         // S4
-std::string EccentricitySection(const Sheet& sheet);  // S5
-std::string PlanSection(const Sheet& sheet);          // S6
-std::string RemarkSection(const Sheet& sheet);        // S7
-std::string MethodSection(const Sheet& sheet);        // S8
-std::string InputSection(const Sheet& sheet);         // S9
-std::string MemberAppendix(const Sheet& sheet);       // A1
-std::string ResultsAppendix(const Sheet& sheet);      // A2
-std::string FilesAppendix(const Sheet& sheet);        // A3
+void HeadSection(const Sheet& sheet, std::string& html);
+void SummarySection(const Sheet& sheet, std::string& html);       // S1
+void StoriesSection(const Sheet& sheet, std::string& html);       // S2
+void AngleSection(const Sheet& sheet, std::string& html);         // S3
+void RatioSection(const Sheet& sheet, std::string& html);         // S4
+void EccentricitySection(const Sheet& sheet, std::string& html);  // S5
+void PlanSection(const Sheet& sheet, std::string& html);          // S6
+void RemarkSection(const Sheet& sheet, std::string& html);        // S7
+void MethodSection(const Sheet& sheet, std::string& html);        // S8
+void InputSection(const Sheet& sheet, std::string& html);         // S9
+void MemberAppendix(const Sheet& sheet, std::string& html);       // A1
+void ResultsAppendix(const Sheet& sheet, std::string& html);      // A2
+void FilesAppendix(const Sheet& sheet, std::string& html);        // A3

@@ -134,14 +134,15 @@ std::string WeightTable(const Sheet& sheet) {
 
 }  // namespace
 
-std::string StoriesSection(const Sheet& sheet) {
+void StoriesSection(const Sheet& sheet, std::string& html) {
     const bool isOnFirstPage = sheet.StoryCount() <= kMostStoriesOnFirstPage;
-    std::string html =
-        OpenTag("section", {{"id", "S2"}, {"class", isOnFirstPage ? "follows" : "own-page"}});
+    html += OpenTag("section", {{"id", "S2"}, {"class", isOnFirstPage ? "follows" : "own-page"}});
     html += Heading("2", Text("S2"));
-    if (sheet.findings.stories.empty())
-        return html + SmallPrint(Text("no stories")) + Elevations(sheet) + "</section>\n";
+    if (sheet.findings.stories.empty()) {
+        html += SmallPrint(Text("no stories")) + Elevations(sheet) + "</section>\n";
+        return;
+    }
     html += Elevations(sheet) + StoryTable(sheet) + WeightTable(sheet);
     html += SmallPrint(Text("compare C"));
-    return html + "</section>\n";
+    html += "</section>\n";
 }

@@ -286,9 +286,9 @@ std::string NotesOfTheInput(const std::vector<std::string>& notes) {
 
 }  // namespace
 
-std::string SummarySection(const Sheet& sheet) {
+void SummarySection(const Sheet& sheet, std::string& html) {
     NoteList notes(sheet);
-    std::string html = OpenTag("section", {{"id", "S1"}});
+    html += OpenTag("section", {{"id", "S1"}});
     html += Heading("1", Text("S1"));
     html += OverallBox(sheet.findings) + HowTheRunEnded(sheet.findings.end) +
             ErrorRemarks(sheet.findings.remarks);
@@ -296,5 +296,5 @@ std::string SummarySection(const Sheet& sheet) {
     html += ExtentLines(sheet);
     html += Element("p", {{"class", "footnote"}}, InBoth(Text("rounding")));
     html += NotesOfTheInput(sheet.content.sheetLines.notes);
-    return html + "</section>\n";
+    html += "</section>\n";
 }

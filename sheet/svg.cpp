@@ -6,33 +6,60 @@
 #include "sheet/html.h"
 #include "sheet/length_text.h"
 
+using std::string_view_literals::operator""sv;
+
 namespace {
 
-std::string Attribute(std::string_view name, std::string_view value) {
-    return Concat({" ", name, "=\"", value, "\""});
+void AppendAttribute(std::string& html, std::string_view name, std::string_view value) {
+    html += ' ';
+    html += name;
+    html += "=\"";
+    html += value;
+    html += '"';
 }
 
-std::string Length(std::string_view name, double value) {
-    return Attribute(name, LengthText(value));
+void AppendLength(std::string& html, std::string_view name, double value) {
+    AppendAttribute(html, name, LengthText(value));
 }
 
-std::string StrokeAttributes(const Stroke& stroke) {
-    if (stroke.width <= 0.0) return " stroke=\"none\"";
-    std::string html = Attribute("stroke", stroke.color) + Length("stroke-width", stroke.width);
-    if (!stroke.dashes.empty()) html += Attribute("stroke-dasharray", stroke.dashes);
-    return html;
+void AppendStroke(std::string& html, const Stroke& stroke) {
+    if (stroke.width <= 0.0) return AppendAttribute(html, "stroke", "none");
+    AppendAttribute(html, "stroke", stroke.color);
+    AppendLength(html, "stroke-width", stroke.width);
+    if (!stroke.dashes.empty()) AppendAttribute(html, "stroke-dasharray", stroke.dashes);
 }
 
-std::string Coordinates(Point point) {
-    return LengthText(point.x) + " " + LengthText(point.y);
+void AppendPoint(std::string& html, Point point) {
+    html += LengthText(point.x);
+    html += ' ';
+    html += LengthText(point.y);
 }
 
-std::string LineOfPath(Point from, Point to) {
-    const std::string start = Concat({"M", Coordinates(from)});
+void AppendPoints(std::string& html, const std::vector<Point>& points) {
+    html += " points=\"";
+    for (const Point& point : points) {
+        AppendPoint(html, point);
+        html += ' ';
+    }
+    html += '"';
+}
+
+void AppendLineOfPath(std::string& html, Point from, Point to) {
     const std::string x = LengthText(to.x), y = LengthText(to.y);
-    if (y == LengthText(from.y)) return Concat({start, "H", x});
-    if (x == LengthText(from.x)) return Concat({start, "V", y});
-    return Concat({start, "L", x, " ", y});
+    const std::string fromX = LengthText(from.x), fromY = LengthText(from.y);
+    for (const std::string_view part :
+         {"M"sv, std::string_view(fromX), " "sv, std::string_view(fromY)})
+        html += part;
+    if (y == fromY) {
+        html += 'H';
+        html += x;
+    } else if (x == fromX) {
+        html += 'V';
+        html += y;
+    } else {
+        for (const std::string_view part : {"L"sv, std::string_view(x), " "sv, std::string_view(y)})
+            html += part;
+    }
 }
 
 std::string_view AnchorName(Anchor anchor) {
@@ -47,16 +74,16 @@ std::string_view AnchorName(Anchor anchor) {
     return {};
 }
 
-std::string StyleAttributes(const TextStyle& style) {
-    std::string html = Length("font-size", style.size);
-    if (style.anchor != Anchor::kStart) html += Attribute("text-anchor", AnchorName(style.anchor));
-    if (style.color != "#000") html += Attribute("fill", style.color);
+void AppendStyle(std::string& html, const TextStyle& style) {
+    AppendLength(html, "font-size", style.size);
+    if (style.anchor != Anchor::kStart)
+        AppendAttribute(html, "text-anchor", AnchorName(style.anchor));
+    if (style.color != "#000") AppendAttribute(html, "fill", style.color);
     if (style.isBold) html += " font-weight=\"bold\"";
     if (style.hasHalo)
         html +=
             " paint-order=\"stroke\" stroke=\"#fff\" stroke-width=\"0.6\" "
             "stroke-linejoin=\"round\"";
-    return html;
 }
 
 std::string Span(std::string_view cssClass, std::string_view text) {
@@ -77,68 +104,105 @@ Svg::Svg(double width, double height, Words title, Words description)
 }
 
 void Svg::Line(Point from, Point to, const Stroke& stroke) {
-    body_ += "<line" + Length("x1", from.x) + Length("y1", from.y) + Length("x2", to.x) +
-             Length("y2", to.y) + StrokeAttributes(stroke) + "/>\n";
+    body_ += "<line";
+    AppendLength(body_, "x1", from.x);
+    AppendLength(body_, "y1", from.y);
+    AppendLength(body_, "x2", to.x);
+    AppendLength(body_, "y2", to.y);
+    End(stroke);
 }
 
 void Svg::Polyline(const std::vector<Point>& points, const Stroke& stroke) {
-    body_ += "<polyline fill=\"none\" points=\"";
-    for (const Point& point : points)
-        body_ += Coordinates(point) + " ";
-    body_ += Concat({"\"", StrokeAttributes(stroke), "/>\n"});
+    body_ += "<polyline fill=\"none\"";
+    AppendPoints(body_, points);
+    End(stroke);
 }
 
 void Svg::Lines(const std::vector<std::pair<Point, Point>>& lines, const Stroke& stroke) {
     if (lines.empty()) return;
     body_ += "<path fill=\"none\" d=\"";
     for (const auto& [from, to] : lines)
-        body_ += LineOfPath(from, to);
-    body_ += Concat({"\"", StrokeAttributes(stroke), "/>\n"});
+        AppendLineOfPath(body_, from, to);
+    body_ += '"';
+    End(stroke);
 }
 
 void Svg::Squares(const std::vector<Point>& centers, double half, std::string_view fill) {
     if (centers.empty()) return;
     const std::string side = LengthText(2.0 * half);
     const std::string square = Concat({"h", side, "v", side, "h-", side, "z"});
-    body_ += Concat({"<path", Attribute("fill", fill), " d=\""});
-    for (const Point& center : centers)
-        body_ += Concat({"M", Coordinates({center.x - half, center.y - half}), square});
+    body_ += "<path";
+    AppendAttribute(body_, "fill", fill);
+    body_ += " d=\"";
+    for (const Point& center : centers) {
+        body_ += 'M';
+        AppendPoint(body_, {center.x - half, center.y - half});
+        body_ += square;
+    }
     body_ += "\"/>\n";
 }
 
 void Svg::Box(const Rectangle& box, const Stroke& stroke, std::string_view fill) {
-    body_ += "<rect" + Length("x", box.left) + Length("y", box.top) + Length("width", box.Width()) +
-             Length("height", box.Height()) + Attribute("fill", fill) + StrokeAttributes(stroke) +
-             "/>\n";
+    body_ += "<rect";
+    AppendLength(body_, "x", box.left);
+    AppendLength(body_, "y", box.top);
+    AppendLength(body_, "width", box.Width());
+    AppendLength(body_, "height", box.Height());
+    AppendAttribute(body_, "fill", fill);
+    End(stroke);
 }
 
 void Svg::Circle(Point center, double radius, const Stroke& stroke, std::string_view fill) {
-    body_ += "<circle" + Length("cx", center.x) + Length("cy", center.y) + Length("r", radius) +
-             Attribute("fill", fill) + StrokeAttributes(stroke) + "/>\n";
+    body_ += "<circle";
+    AppendLength(body_, "cx", center.x);
+    AppendLength(body_, "cy", center.y);
+    AppendLength(body_, "r", radius);
+    AppendAttribute(body_, "fill", fill);
+    End(stroke);
 }
 
 void Svg::Ellipse(Point center, double radiusX, double radiusY, const Stroke& stroke) {
-    body_ += "<ellipse fill=\"none\"" + Length("cx", center.x) + Length("cy", center.y) +
-             Length("rx", radiusX) + Length("ry", radiusY) + StrokeAttributes(stroke) + "/>\n";
+    body_ += "<ellipse fill=\"none\"";
+    AppendLength(body_, "cx", center.x);
+    AppendLength(body_, "cy", center.y);
+    AppendLength(body_, "rx", radiusX);
+    AppendLength(body_, "ry", radiusY);
+    End(stroke);
 }
 
 void Svg::Polygon(const std::vector<Point>& points, const Stroke& stroke, std::string_view fill) {
-    body_ += "<polygon points=\"";
-    for (const Point& point : points)
-        body_ += Coordinates(point) + " ";
-    body_ += Concat({"\"", Attribute("fill", fill), StrokeAttributes(stroke), "/>\n"});
+    body_ += "<polygon";
+    AppendPoints(body_, points);
+    AppendAttribute(body_, "fill", fill);
+    End(stroke);
+}
+
+void Svg::End(const Stroke& stroke) {
+    AppendStroke(body_, stroke);
+    body_ += "/>\n";
 }
 
 void Svg::Text(Point at, const TextStyle& style, std::string_view html) {
-    body_ += Concat({"<text", Length("x", at.x), Length("y", at.y), StyleAttributes(style), ">",
-                     html, "</text>\n"});
+    body_ += "<text";
+    AppendLength(body_, "x", at.x);
+    AppendLength(body_, "y", at.y);
+    AppendStyle(body_, style);
+    for (const std::string_view part : {">"sv, html, "</text>\n"sv})
+        body_ += part;
 }
 
 void Svg::Texts(const std::vector<PlacedText>& texts, const TextStyle& style) {
     if (texts.empty()) return;
-    body_ += Concat({"<g", StyleAttributes(style), ">"});
-    for (const auto& [at, html] : texts)
-        body_ += Concat({"<text", Length("x", at.x), Length("y", at.y), ">", html, "</text>"});
+    body_ += "<g";
+    AppendStyle(body_, style);
+    body_ += '>';
+    for (const auto& [at, html] : texts) {
+        body_ += "<text";
+        AppendLength(body_, "x", at.x);
+        AppendLength(body_, "y", at.y);
+        for (const std::string_view part : {">"sv, std::string_view(html), "</text>"sv})
+            body_ += part;
+    }
     body_ += "</g>\n";
 }
 
@@ -153,7 +217,7 @@ void Svg::Close() {
 }
 
 std::string Svg::Html() const {
-    return head_ + body_ + "</svg>";
+    return Concat({head_, body_, "</svg>"});
 }
 
 std::string DrawnInBoth(Words words) {

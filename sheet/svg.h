@@ -84,6 +84,8 @@ public:
     std::string Html() const;
 
 private:
+    void End(const Stroke& stroke);
+
     double width_;
     double height_;
     std::string head_;

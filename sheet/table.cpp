@@ -10,7 +10,11 @@
 #include "sheet/html.h"
 #include "sheet/length_text.h"
 
+using std::string_view_literals::operator""sv;
+
 namespace {
+
+constexpr std::string_view kRowsTogether = "<tbody class=\"together\">\n";
 
 void AppendAttribute(std::string& html, std::string_view name, std::string_view value) {
     html += ' ';
@@ -26,30 +30,26 @@ void AppendNumber(std::string& html, std::string_view name, std::int32_t value) 
     AppendAttribute(html, name, {digits.data(), end});
 }
 
-void AppendFigureAttributes(std::string& html, const FigurePlace& place) {
-    AppendAttribute(html, "data-figure", place.key);
+// The attributes of a place but for its key.
+void AppendPlace(std::string& html, const FigurePlace& place) {
     if (place.story) AppendNumber(html, "data-story", *place.story);
     if (place.axis) AppendAttribute(html, "data-direction", *place.axis == kX ? "x" : "second");
     if (place.member) AppendNumber(html, "data-member", *place.member);
 }
 
-std::string OpenCell(std::string_view tag, std::string_view cssClass) {
-    std::string html;
-    html.reserve(160);  // most cells are shorter
+void AppendFigureAttributes(std::string& html, const FigurePlace& place) {
+    AppendAttribute(html, "data-figure", place.key);
+    AppendPlace(html, place);
+}
+
+void OpenWithClass(std::string& html, std::string_view tag, std::string_view cssClass) {
     html += '<';
     html += tag;
     if (!cssClass.empty()) AppendAttribute(html, "class", cssClass);
-    return html;
 }
 
-std::string Attribute(std::string_view name, std::string_view value) {
-    std::string html;
-    AppendAttribute(html, name, value);
-    return html;
-}
-
-std::string Span(std::string_view name, int count) {
-    return count > 1 ? Attribute(name, std::to_string(count)) : std::string();
+void AppendSpan(std::string& html, std::string_view name, int count) {
+    if (count > 1) AppendNumber(html, name, count);
 }
 
 std::string_view ClassOf(CodeVerdict verdict) {
@@ -64,13 +64,16 @@ std::string_view ClassOf(CodeVerdict verdict) {
     return {};
 }
 
-std::string HeadCellHtml(const HeadCell& cell) {
-    std::string html = "<th";
-    html += Attribute("scope", cell.columns > 1 ? "colgroup" : "col");
-    html += Span("colspan", cell.columns) + Span("rowspan", cell.rows) + ">";
-    html += InBoth(cell.words) + cell.note;
+void AppendHeadCell(std::string& html, const HeadCell& cell) {
+    html += "<th";
+    AppendAttribute(html, "scope", cell.columns > 1 ? "colgroup" : "col");
+    AppendSpan(html, "colspan", cell.columns);
+    AppendSpan(html, "rowspan", cell.rows);
+    html += '>';
+    AppendInBoth(html, cell.words);
+    html += cell.note;
     if (!cell.unit.empty()) html += Element("span", {{"class", "unit"}}, cell.unit);
-    return html + "</th>";
+    html += "</th>";
 }
 
 }  // namespace
@@ -83,65 +86,67 @@ std::string FigureAttributes(const FigurePlace& place) {
 
 Table::Table(std::string_view key, Words caption, std::vector<double> widths,
              std::string_view cssClass) {
-    open_ = OpenCell("table", cssClass) + Attribute("data-table", key) + ">";
+    OpenWithClass(open_, "table", cssClass);
+    AppendAttribute(open_, "data-table", key);
+    open_ += '>';
     if (!caption.ja.empty()) open_ += Element("caption", {}, InBoth(caption));
     const double sum = std::accumulate(widths.begin(), widths.end(), 0.0);
     open_ += "<colgroup>";
     for (const double width : widths)
         open_ += "<col style=\"width:" + LengthText(100.0 * width / sum) + "%\">";
-    open_ += "</colgroup>";
+    open_ += "</colgroup>\n";
 }
 
 void Table::HeadRow(const std::vector<HeadCell>& cells) {
     head_ += "<tr>";
     for (const HeadCell& cell : cells)
-        head_ += HeadCellHtml(cell);
+        AppendHeadCell(head_, cell);
     head_ += "</tr>\n";
 }
 
 void Table::Row(std::string_view cells, std::string_view attributes) {
-    rows_.push_back(Concat({"<tr", attributes, ">", cells, "</tr>\n"}));
+    lastRow_ = rows_.size();
+    for (const std::string_view part : {"<tr"sv, attributes, ">"sv, cells, "</tr>\n"sv})
+        rows_ += part;
 }
 
 void Table::Together(const std::vector<std::string>& rowsOfCells) {
     CloseRows();
     for (const std::string& cells : rowsOfCells)
         Row(cells);
-    CloseRows("<tbody class=\"together\">\n");
+    CloseRows(kRowsTogether);
 }
 
 void Table::SumRow(std::string_view cells) {
-    std::string last;
-    if (!rows_.empty()) {
-        last = std::move(rows_.back());
-        rows_.pop_back();
-    }
+    const std::string last = rows_.substr(lastRow_);
+    rows_.resize(lastRow_);
     CloseRows();
-    if (!last.empty()) rows_.push_back(std::move(last));
+    rows_ = last;
     Row(cells, " class=\"sum\"");
-    CloseRows("<tbody class=\"together\">\n");
+    CloseRows(kRowsTogether);
 }
 
 void Table::CloseRows(std::string_view open) {
     if (rows_.empty()) return;
-    groups_ += open;
-    for (const std::string& row : rows_)
-        groups_ += row;
-    groups_ += "</tbody>\n";
+    for (const std::string_view part : {open, std::string_view(rows_), "</tbody>\n"sv})
+        groups_ += part;
     rows_.clear();
+    lastRow_ = 0;
 }
 
 std::string Table::Html() {
     CloseRows();
-    std::string html = open_ + "\n";
-    if (!head_.empty()) html += "<thead>\n" + head_ + "</thead>\n";
-    return html + groups_ + "</table>\n";
+    if (head_.empty()) return Concat({open_, groups_, "</table>\n"});
+    return Concat({open_, "<thead>\n", head_, "</thead>\n", groups_, "</table>\n"});
 }
 
 std::string RowHead(std::string_view html, int rows) {
-    std::string cell = "<th scope=\"row\"" + Span("rowspan", rows) + ">";
+    std::string cell = "<th scope=\"row\"";
+    AppendSpan(cell, "rowspan", rows);
+    cell += '>';
     cell += html;
-    return cell + "</th>";
+    cell += "</th>";
+    return cell;
 }
 
 std::string StoryHead(const std::string& name, int rows) {
@@ -149,22 +154,46 @@ std::string StoryHead(const std::string& name, int rows) {
 }
 
 std::string Cell(std::string_view html, std::string_view cssClass) {
-    std::string cell = OpenCell("td", cssClass) + ">";
-    cell += html;
-    return cell + "</td>";
-}
-
-std::string NumberCell(std::string_view text, std::string_view cssClass) {
-    std::string cell = OpenCell("td", cssClass);
+    std::string cell;
+    OpenWithClass(cell, "td", cssClass);
     cell += '>';
-    AppendHtmlText(cell, text);
+    cell += html;
     cell += "</td>";
     return cell;
 }
 
+void AppendNumberCell(std::string& html, std::string_view text, std::string_view cssClass) {
+    OpenWithClass(html, "td", cssClass);
+    html += '>';
+    AppendHtmlText(html, text);
+    html += "</td>";
+}
+
+std::string NumberCell(std::string_view text, std::string_view cssClass) {
+    std::string cell;
+    AppendNumberCell(cell, text, cssClass);
+    return cell;
+}
+
+FigureRow::FigureRow(const FigurePlace& place) {
+    AppendPlace(place_, place);
+}
+
+void FigureRow::AppendCell(std::string& html, std::string_view key, std::string_view text,
+                           std::string_view cssClass) const {
+    OpenWithClass(html, "td", cssClass);
+    AppendAttribute(html, "data-figure", key);
+    html += place_;
+    html += '>';
+    AppendHtmlText(html, text);
+    html += "</td>";
+}
+
 std::string FigureCell(const FigurePlace& place, std::string_view text, std::string_view cssClass,
                        std::string_view moreAttributes) {
-    std::string cell = OpenCell("td", cssClass);
+    std::string cell;
+    cell.reserve(160);  // most are shorter
+    OpenWithClass(cell, "td", cssClass);
     AppendFigureAttributes(cell, place);
     cell += moreAttributes;
     cell += '>';
@@ -185,11 +214,19 @@ std::string VerdictCell(const FigurePlace& place, CodeVerdict code, std::string_
                         const std::optional<ToolVerdict>& tool, std::string_view notes) {
     std::string cssClass(ClassOf(code));
     if (!notes.empty()) cssClass += " differs";
-    std::string cell = OpenCell("td", cssClass) + FigureAttributes(place) + ">";
-    cell += TextInSheet(code);
     FigurePlace toolPlace = place;
     toolPlace.key = toolKey;
-    cell += "<small" + FigureAttributes(toolPlace) + ">" + TextInSheet(tool) + "</small>";
+    std::string cell;
+    OpenWithClass(cell, "td", cssClass);
+    AppendFigureAttributes(cell, place);
+    cell += '>';
+    cell += TextInSheet(code);
+    cell += "<small";
+    AppendFigureAttributes(cell, toolPlace);
+    cell += '>';
+    cell += TextInSheet(tool);
+    cell += "</small>";
     cell += notes;
-    return cell + "</td>";
+    cell += "</td>";
+    return cell;
 }

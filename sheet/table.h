@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
@@ -65,8 +66,9 @@ private:
 
     std::string open_;
     std::string head_;
-    std::string groups_;             ///< of rows that are complete
-    std::vector<std::string> rows_;  ///< of the group that is open
+    std::string groups_;       ///< of rows that are complete
+    std::string rows_;         ///< of the group that is open
+    std::size_t lastRow_ = 0;  ///< where the last of them begins
 };
 
 // Cells. Texts are HTML, unless they are said to be anything else.
@@ -83,6 +85,23 @@ std::string NumberCell(std::string_view text, std::string_view cssClass = {});
 /// A figure, right-aligned.
 std::string FigureCell(const FigurePlace& place, std::string_view text,
                        std::string_view cssClass = {}, std::string_view moreAttributes = {});
+
+// The same, added to the cells of a row: for tables with thousands of them.
+
+void AppendNumberCell(std::string& html, std::string_view text, std::string_view cssClass = {});
+
+/// The figures of one place, whose attributes are written once.
+class FigureRow {
+public:
+    /// The key of `place` is left open.
+    explicit FigureRow(const FigurePlace& place);
+
+    void AppendCell(std::string& html, std::string_view key, std::string_view text,
+                    std::string_view cssClass = {}) const;
+
+private:
+    std::string place_;
+};
 
 /// OK, NG or 算定不可.
 std::string_view TextInSheet(CodeVerdict verdict);

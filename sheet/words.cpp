@@ -1,21 +1,27 @@
 #include "sheet/words.h"
 
+#include "sheet/concat.h"
 #include "sheet/html.h"
 
 namespace {
 
 void Replace(std::string& text, std::string_view name, std::string_view value) {
-    std::string placeholder = "{";
-    placeholder += name;
-    placeholder += '}';
+    const std::string placeholder = Concat({"{", name, "}"});
     for (std::size_t place = text.find(placeholder); place != std::string::npos;
          place = text.find(placeholder, place + value.size()))
         text.replace(place, placeholder.size(), value);
 }
 
-std::string InLanguage(std::string_view language, std::string_view html) {
-    const std::string name(language);
-    return Element("span", {{"class", name}, {"lang", name}}, html);
+// The sheet's own text in one of its languages.
+void AppendIn(std::string& html, std::string_view language, std::string_view cssClass,
+              std::string_view text) {
+    AppendOpenTag(html, "span", {{"class", cssClass}, {"lang", language}});
+    AppendHtmlOfOwnText(html, text);
+    AppendCloseTag(html, "span");
+}
+
+std::string OutsideTextIn(std::string_view language, std::string_view text) {
+    return Element("span", {{"class", language}, {"lang", language}}, HtmlText(text));
 }
 
 }  // namespace
@@ -40,18 +46,27 @@ FilledWords Joined(const std::vector<FilledWords>& words) {
     return joined;
 }
 
+void AppendInBoth(std::string& html, Words words) {
+    if (words.ja == words.en) return AppendHtmlOfOwnText(html, words.ja);
+    AppendIn(html, "ja", "ja", words.ja);
+    AppendIn(html, "en", "en", words.en);
+}
+
 std::string InBoth(Words words) {
-    if (words.ja == words.en) return HtmlOfOwnText(words.ja);
-    return InLanguage("ja", HtmlOfOwnText(words.ja)) + InLanguage("en", HtmlOfOwnText(words.en));
+    std::string html;
+    AppendInBoth(html, words);
+    return html;
 }
 
 std::string OutsideTextInBoth(Words words) {
     if (words.ja == words.en) return HtmlText(words.ja);
-    return InLanguage("ja", HtmlText(words.ja)) + InLanguage("en", HtmlText(words.en));
+    return OutsideTextIn("ja", words.ja) + OutsideTextIn("en", words.en);
 }
 
 std::string InOne(Words words) {
     if (words.ja == words.en) return HtmlOfOwnText(words.ja);
-    return InLanguage("ja", HtmlOfOwnText(words.ja)) +
-           Element("span", {{"class", "en-alone"}, {"lang", "en"}}, HtmlOfOwnText(words.en));
+    std::string html;
+    AppendIn(html, "ja", "ja", words.ja);
+    AppendIn(html, "en", "en-alone", words.en);
+    return html;
 }

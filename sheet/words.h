@@ -40,6 +40,9 @@ FilledWords Joined(const std::vector<FilledWords>& words);
 /// Japanese, then English, of the sheet's own texts; the marks of HtmlOfOwnText are understood.
 std::string InBoth(Words words);
 
+/// The same, added to HTML.
+void AppendInBoth(std::string& html, Words words);
+
 /// The same of texts from outside.
 std::string OutsideTextInBoth(Words words);
 

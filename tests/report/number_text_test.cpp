@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <cstdio>
 #include <limits>
 #include <random>
 
@@ -21,6 +23,25 @@ TEST(NumberText, RoundsToTheNearestAndHalvesAwayFromZero) {
     EXPECT_EQ("0.063", NumberText(0.0625, kThree));
     EXPECT_EQ("1.005", NumberText(1.0049, kThree));
     EXPECT_EQ("1,970.3", NumberText(1970.25, kForceFormat));
+}
+
+// Of numbers without a tie, printf has the exact digits.
+TEST(NumberText, HasTheDigitsOfTheExactNumber) {
+    std::mt19937_64 engine(20261121);
+    for (int i = 0; i < 200000; ++i) {
+        const int decimals = static_cast<int>(engine() % 7);
+        const double size = std::pow(10.0, static_cast<double>(engine() % 24) - 8.0);
+        // Every other one as near to the middle of two texts as a double comes.
+        double number = size * static_cast<double>(engine() >> 11) * 0x1.0p-53;
+        if (i % 2 == 0)
+            number = std::nextafter((std::floor(number) + 0.5) / std::pow(10.0, decimals),
+                                    i % 4 == 0 ? 0.0 : 1e30);
+        std::array<char, 400> exact{};
+        std::snprintf(exact.data(), exact.size(), "%.*f", decimals, number);
+        ASSERT_EQ(exact.data(),
+                  NumberText(number, {Rounding::kNearest, decimals}, kTerminalNumbers))
+            << number;
+    }
 }
 
 TEST(NumberText, HasThousandsAndNoNegativeZero) {
@@ -178,7 +199,12 @@ TEST_F(BesideLimits, ModuliAndUtilisationsPrintWhatTheirVerdictSays) {
 TEST_F(BesideLimits, AnglesPrintWhatTheirVerdictSays) {
     for (int i = 0; i < kValues; ++i) {
         // 1/200, 1/120, what people write for them, and anything between.
-        const double limits[] = {0.005, 1.0 / 120, 0.00833, 0.008333, 0.008334, 0.0075,
+        const double limits[] = {0.005,
+                                 1.0 / 120,
+                                 0.00833,
+                                 0.008333,
+                                 0.008334,
+                                 0.0075,
                                  0.005 + Share() * (1.0 / 120 - 0.005)};
         const double limit = CodeAllowableAngle(limits[static_cast<std::size_t>(7.0 * Share())]);
         const double height = 2000.0 + 4000.0 * Share();
