@@ -7,6 +7,7 @@
 #include "platform/file_lookup.h"
 #include "platform/regular_file.h"
 #include "report/results_csv.h"
+#include "report/results_rows.h"
 #include "route2/aij_code_route2.h"
 #include "route2/form_findings.h"
 #include "route2/report_paths.h"
@@ -172,6 +173,9 @@ Findings FindingsOf(const AijCodeRoute2& engine, const RunOutcome& outcome,
     sources.inputRemarks = options.inputRemarks;
     sources.groundLevel = options.groundLevel;
     sources.unlistedAnswers = options.unlistedAnswers;
+    sources.missingRows = [&engine](const Findings& findings) {
+        return RowsMissingIn(engine.resultFilePath, findings);
+    };
     return FormFindings(engine, sources);
 }
 

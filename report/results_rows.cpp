@@ -1,10 +1,14 @@
 #include "report/results_rows.h"
 
+#include <algorithm>
 #include <array>
+#include <compare>
 #include <cstdio>
-#include <set>
+#include <map>
+#include <utility>
 
 #include "log/formatted_print.h"
+#include "platform/regular_file.h"
 #include "report/results_formats.h"
 
 namespace {
@@ -83,7 +87,7 @@ public:
         }
     }
 
-    std::vector<ResultsRow> Rows() const { return rows_; }
+    std::vector<ResultsRow> TakeRows() { return std::move(rows_); }
 
 private:
     void AddByLoadCase(ResultsFigure figure, const StoryFindings& story, std::size_t axis,
@@ -101,50 +105,17 @@ private:
     std::vector<ResultsRow> rows_;
 };
 
-std::string_view TextAfter(std::string_view line, std::string_view start) {
-    return line.starts_with(start) ? line.substr(start.size()) : std::string_view();
-}
+// The section's title, and the block's direction and kind of displacement where it has some, as
+// they stand in the file: "Story deformation angle", "X", "Average".
+struct Place {
+    std::string_view section;
+    std::string_view direction;
+    std::string_view dispType;
 
-// The rows of a results file, each behind its section, direction and kind of displacement.
-std::set<std::string> RowsByPlace(std::string_view text) {
-    std::set<std::string> rows;
-    std::string section, direction, dispType;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        if (const auto title = TextAfter(line, " -----  "); !title.empty()) {
-            section = title.substr(0, title.find("  -----"));
-            direction.clear();
-            dispType.clear();
-        } else if (const auto name = TextAfter(line, "Direction "); !name.empty()) {
-            direction = name;
-        } else if (const auto type = TextAfter(line, "Disp type : "); !type.empty()) {
-            dispType = type;
-        } else {
-            rows.insert(section + "|" + direction + "|" + dispType + "|" + std::string(line));
-        }
-    }
-    return rows;
-}
+    auto operator<=>(const Place&) const = default;
+};
 
-}  // namespace
-
-std::vector<ResultsRow> ResultsRowsOf(const Findings& findings) {
-    if (!findings.end.resultsWritten) return {};
-    RowList list(findings);
-    for (const std::size_t axis : {kX, kZ})
-        list.AddAngles(axis);
-    for (const std::size_t axis : {kX, kZ})
-        list.AddRatios(axis);
-    list.AddCenters(ResultsFigure::kGravityCenter, &StoryFindings::gravityCenterOfResults);
-    list.AddCenters(ResultsFigure::kRigidityCenter, &StoryFindings::rigidityCenterOfResults);
-    list.AddModuli();
-    return list.Rows();
-}
-
-ResultsPlace PlaceOf(const ResultsRow& row) {
+Place PlaceOf(const ResultsRow& row) {
     const std::string_view direction = row.axis == kX ? "X" : "Z(or Y)";
     switch (row.figure) {
         case ResultsFigure::kMeanAngle:
@@ -163,15 +134,103 @@ ResultsPlace PlaceOf(const ResultsRow& row) {
     return {};
 }
 
-std::vector<bool> HoldsRows(std::string_view resultsText, const std::vector<ResultsRow>& rows) {
-    const std::set<std::string> present = RowsByPlace(resultsText);
-    std::vector<bool> holds;
-    for (const ResultsRow& row : rows) {
-        const ResultsPlace place = PlaceOf(row);
-        const std::string wanted = std::string(place.section) + "|" + std::string(place.direction) +
-                                   "|" + std::string(place.dispType) + "|" + row.text;
-        const auto found = present.lower_bound(wanted);
-        holds.push_back(found != present.end() && found->starts_with(wanted));
+std::string ReadBytes(const std::string& path) {
+    const StdioFile file = OpenRegularFile(path, ReadMode::kBytes);
+    std::string bytes;
+    if (!file) return bytes;
+    std::array<char, 16384> block{};
+    while (const std::size_t size = std::fread(block.data(), 1, block.size(), file.get()))
+        bytes.append(block.data(), size);
+    return bytes;
+}
+
+std::string_view TakeLine(std::string_view& text) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return line;
+}
+
+std::string_view TextAfter(std::string_view line, std::string_view start) {
+    return line.starts_with(start) ? line.substr(start.size()) : std::string_view();
+}
+
+// The lines of a results file by their place. Borrows the text.
+class LinesByPlace {
+public:
+    explicit LinesByPlace(std::string_view text) {
+        Place place;
+        while (!text.empty()) {
+            const std::string_view line = TakeLine(text);
+            if (const auto title = TextAfter(line, " -----  "); !title.empty())
+                place = {title.substr(0, title.find("  -----")), {}, {}};
+            else if (const auto name = TextAfter(line, "Direction "); !name.empty())
+                place.direction = name;
+            else if (const auto type = TextAfter(line, "Disp type : "); !type.empty())
+                place.dispType = type;
+            else
+                blocks_[place].lines.push_back(line);
+        }
     }
-    return holds;
+
+    // Rows are mostly asked for in their order: each is looked for behind the last one.
+    bool Holds(const ResultsRow& row) {
+        Block& block = blocks_[PlaceOf(row)];
+        for (std::size_t i = 0; i < block.lines.size(); ++i) {
+            const std::size_t k = (block.next + i) % block.lines.size();
+            if (!block.lines[k].starts_with(row.text)) continue;
+            block.next = k;
+            return true;
+        }
+        return false;
+    }
+
+private:
+    struct Block {
+        std::vector<std::string_view> lines;
+        std::size_t next = 0;
+    };
+
+    std::map<Place, Block> blocks_;
+};
+
+}  // namespace
+
+std::vector<ResultsRow> ResultsRowsOf(const Findings& findings) {
+    if (!findings.end.resultsWritten) return {};
+    RowList list(findings);
+    for (const std::size_t axis : {kX, kZ})
+        list.AddAngles(axis);
+    for (const std::size_t axis : {kX, kZ})
+        list.AddRatios(axis);
+    list.AddCenters(ResultsFigure::kGravityCenter, &StoryFindings::gravityCenterOfResults);
+    list.AddCenters(ResultsFigure::kRigidityCenter, &StoryFindings::rigidityCenterOfResults);
+    list.AddModuli();
+    return list.TakeRows();
+}
+
+std::string NameOf(const ResultsRow& row, const Findings& findings) {
+    const Place place = PlaceOf(row);
+    std::string name(place.section);
+    if (!place.direction.empty()) name.append(", Direction ").append(place.direction);
+    if (!place.dispType.empty()) name.append(", ").append(place.dispType);
+    name.append(", story ").append(std::to_string(row.story));
+    if (!place.dispType.empty())
+        name.append(", load ").append(std::to_string(findings.loadCases.earthquake[row.axis]));
+    return name;
+}
+
+std::vector<NamedRow> RowsMissingIn(const std::string& path, const Findings& findings) {
+    const std::string text = ReadBytes(path);
+    LinesByPlace lines(text);
+    std::vector<NamedRow> missing;
+    for (const ResultsRow& row : ResultsRowsOf(findings)) {
+        if (lines.Holds(row)) continue;
+        std::string name = NameOf(row, findings);
+        // The two coordinates of a centre stand in one row.
+        if (missing.empty() || missing.back().name != name)
+            missing.push_back({row.story, std::move(name)});
+    }
+    return missing;
 }

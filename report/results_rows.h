@@ -32,15 +32,10 @@ struct ResultsRow {
 /// a run that wrote no results.
 std::vector<ResultsRow> ResultsRowsOf(const Findings& findings);
 
-/// The section's title, and the block's direction and kind of displacement where it has some, as
-/// they stand in the file: "Story deformation angle", "X", "Average".
-struct ResultsPlace {
-    std::string_view section;
-    std::string_view direction;
-    std::string_view dispType;
-};
-ResultsPlace PlaceOf(const ResultsRow& row);
+/// Where the row stands: "Story deformation angle, Direction X, Average, story 1, load 2".
+std::string NameOf(const ResultsRow& row, const Findings& findings);
 
-/// Whether the text of a results file holds each of the rows in its place, in their order. Where it
-/// does not, the file was changed or is another run's.
-std::vector<bool> HoldsRows(std::string_view resultsText, const std::vector<ResultsRow>& rows);
+/// The rows that the results file at `path` does not hold in their places: all of them when it
+/// cannot be read. The file was changed since it was written, or is another run's. Only compares:
+/// no figure is taken from the file.
+std::vector<NamedRow> RowsMissingIn(const std::string& path, const Findings& findings);

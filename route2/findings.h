@@ -125,11 +125,11 @@ struct MemberFindings {
     double v = 0.0;       ///< second plan coordinate of the lower node, mm
     Figure axialForce;    ///< vertical force at the lower end under the dead load, kN
     std::array<Figure, 2> shear;
-    std::array<Figure, 2> drift;      ///< under that direction's case; of a member that is not
-                                      ///< counted, the difference of its own two nodes
-    std::array<Figure, 2> stiffness;  ///< of story members only
-    std::array<Figure, 2> angle;      ///< drift over its own height; only of what is not counted
-    std::array<Figure, 2> weightMoment;     ///< N x and N v, kN mm
+    std::array<Figure, 2> drift;         ///< under that direction's case; of a member that is not
+                                         ///< counted, the difference of its own two nodes
+    std::array<Figure, 2> stiffness;     ///< of story members only
+    std::array<Figure, 2> angle;         ///< drift over its own height; only of what is not counted
+    std::array<Figure, 2> weightMoment;  ///< N x and N v, kN mm
     std::array<Figure, 2> stiffnessMoment;  ///< K_X v and K_2 x, kN
     std::array<Figure, 2> torsionalPart;    ///< K_X (v - v_R)^2 and K_2 (x - x_R)^2, kN mm
 };
@@ -188,12 +188,19 @@ struct LoadCaseFindings {
     bool modelAsked = false;  ///< the run came as far as to ask the host for them
 };
 
+/// A row of the results file as the figures have it.
+struct NamedRow {
+    int story = 0;
+    std::string name;  ///< "Story deformation angle, Direction X, Average, story 1, load 2"
+};
+
 /// How a run ended.
 struct RunEnd {
     bool complete = false;  ///< the run reached "Calculation Complete"
     std::string failure;    ///< why it did not; a sentence without a stop
     bool resultsWritten = false;
     std::vector<std::string> incompleteReports;  ///< paths of reports not written to their end
+    std::vector<NamedRow> missingRows;           ///< that the results file does not hold
 
     std::string missingAnswer;  ///< what the recording does not answer, where that ended the run
     std::string recordedFor;    ///< the input file that the recording was made for

@@ -18,6 +18,9 @@ struct FindingsSources {
     /// How many questions a file that is no recording answered with zeros which it does not list.
     /// Asked after the last question.
     std::function<std::size_t()> unlistedAnswers;
+
+    /// Which rows of these figures the results file does not hold. Asked when it was written.
+    std::function<std::vector<NamedRow>(const Findings&)> missingRows;
 };
 
 /// Forms everything that a run has found: once, after the results are closed.

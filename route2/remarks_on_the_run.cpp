@@ -63,6 +63,14 @@ void OnIncompleteReports(const Findings& findings, std::vector<Remark>& remarks)
     cause.AppendTo(remarks);
 }
 
+// What somebody would read in the results file is not what the run has found.
+void OnOtherResults(const Findings& findings, std::vector<Remark>& remarks) {
+    RemarkCause cause("R26D", RemarkKind::kError);
+    for (const NamedRow& row : findings.end.missingRows)
+        cause.Add(row.story, {row.name, row.name});
+    cause.AppendTo(remarks);
+}
+
 void OnWhatIsNotCovered(std::vector<Remark>& remarks) {
     RemarkCause cause("R27", RemarkKind::kNote);
     cause.Add(0, {"plates", "面材"});
@@ -75,5 +83,6 @@ void RemarkOnTheRun(const Findings& findings, std::vector<Remark>& remarks) {
     OnWarnings(findings, remarks);
     OnMissingAnswers(findings, remarks);
     OnIncompleteReports(findings, remarks);
+    OnOtherResults(findings, remarks);
     OnWhatIsNotCovered(remarks);
 }

@@ -1,5 +1,7 @@
 // A2: where each figure of the sheet stands in the results file.
 
+#include <algorithm>
+
 #include "report/number_text.h"
 #include "report/results_rows.h"
 #include "sheet/html.h"
@@ -9,18 +11,6 @@
 #include "sheet/texts.h"
 
 namespace {
-
-// "Story deformation angle, Direction X, Average, story 1, load 2".
-std::string WhereInResults(const Findings& findings, const ResultsRow& row) {
-    const ResultsPlace place = PlaceOf(row);
-    std::string where(place.section);
-    if (!place.direction.empty()) where += ", Direction " + std::string(place.direction);
-    if (!place.dispType.empty()) where += ", " + std::string(place.dispType);
-    where += ", story " + std::to_string(row.story);
-    if (!place.dispType.empty())
-        where += ", load " + std::to_string(findings.loadCases.earthquake[row.axis]);
-    return where;
-}
 
 std::string TextHere(const StoryFindings& story, const ResultsRow& row) {
     const DirectionFindings& direction = story.directions[row.axis];
@@ -49,6 +39,17 @@ std::string NameOfAxis(const Sheet& sheet, const ResultsRow& row) {
     return isCoordinate ? sheet.names.Coordinate(row.axis) : sheet.names.Direction(row.axis);
 }
 
+void AddRow(Table& table, const Sheet& sheet, const StoryFindings& story, const ResultsRow& row) {
+    const std::string name = NameOf(row, sheet.findings);
+    const auto& missing = sheet.findings.end.missingRows;
+    const bool differs = std::ranges::find(missing, name, &NamedRow::name) != missing.end();
+    table.Row(StoryHead(sheet.names.StoryInTable(story.number)) +
+                  Cell(NameOfAxis(sheet, row), "c") + Cell(HtmlText(name), "l") +
+                  NumberCell(ResultsNumberText(row.value)) + NumberCell(TextHere(story, row)) +
+                  Cell(TextInSheet(row.verdict) + (differs ? " R26" : ""), "c"),
+              differs ? " class=\"wrong\"" : "");
+}
+
 }  // namespace
 
 void ResultsAppendix(const Sheet& sheet, std::string& html) {
@@ -61,8 +62,6 @@ void ResultsAppendix(const Sheet& sheet, std::string& html) {
         return;
     }
     html += SmallPrint(Text("order of the results file"));
-    const bool isCompared = !sheet.content.resultsText.empty();
-    const std::vector<bool> holds = HoldsRows(sheet.content.resultsText, rows);
     Table table("A2", {}, {13, 14, 83, 26, 24, 18}, "dense");
     table.HeadRow({{Text("story")},
                    {Text("direction")},
@@ -70,19 +69,9 @@ void ResultsAppendix(const Sheet& sheet, std::string& html) {
                    {Text("value there")},
                    {Text("value here")},
                    {Text("verdict there")}});
-    for (std::size_t i = findings.stories.size(); i-- > 0;) {
-        const StoryFindings& story = findings.stories[i];
-        for (std::size_t k = 0; k < rows.size(); ++k) {
-            if (rows[k].story != story.number) continue;
-            const bool differs = isCompared && !holds[k];
-            table.Row(StoryHead(sheet.names.StoryInTable(story.number)) +
-                          Cell(NameOfAxis(sheet, rows[k]), "c") +
-                          Cell(HtmlText(WhereInResults(findings, rows[k])), "l") +
-                          NumberCell(ResultsNumberText(rows[k].value)) +
-                          NumberCell(TextHere(story, rows[k])) +
-                          Cell(TextInSheet(rows[k].verdict) + (differs ? " R26" : ""), "c"),
-                      differs ? " class=\"wrong\"" : "");
-        }
-    }
+    for (std::size_t i = findings.stories.size(); i-- > 0;)
+        for (const ResultsRow& row : rows)
+            if (row.story == findings.stories[i].number)
+                AddRow(table, sheet, findings.stories[i], row);
     html += table.Html() + "</section>\n";
 }

@@ -68,5 +68,4 @@ struct SheetContent {
     InputAsRead inputAsRead;
     SheetLines sheetLines;
     SheetOptions options;
-    std::string resultsText;  ///< the results file as it was written; empty: it was not read
 };

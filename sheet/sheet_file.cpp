@@ -1,11 +1,10 @@
 #include "sheet/sheet_file.h"
 
-#include <cstdio>
+#include <optional>
 
 #include "platform/file_facts.h"
 #include "platform/native_path.h"
 #include "platform/sha256.h"
-#include "platform/stdio_file.h"
 #include "platform/system_name.h"
 #include "route2/report_paths.h"
 #include "sheet/input_as_read.h"
@@ -18,13 +17,15 @@ std::string InUtf8(const std::string& path) {
     return {text.begin(), text.end()};
 }
 
-SheetFile Described(const std::string& path, bool tellsTime) {
+// `sha256`: where it is known already, since a large file takes its time.
+SheetFile Described(const std::string& path, bool tellsTime,
+                    const std::optional<std::string>& sha256 = std::nullopt) {
     SheetFile file;
     file.path = InUtf8(path);
     const FileFacts facts = FactsOfFile(path);
     file.size = facts.size;
     if (tellsTime) file.modified = facts.modified;
-    file.sha256 = Sha256OfFile(path);
+    file.sha256 = sha256 ? sha256 : Sha256OfFile(path);
     return file;
 }
 
@@ -34,16 +35,6 @@ SheetFile DescribedReport(const std::string& path, bool isWritten, bool tellsTim
     SheetFile file;
     file.path = InUtf8(path);
     return file;
-}
-
-std::string ReadText(const std::string& path) {
-    const StdioFile file(std::fopen(path.c_str(), "rb"));
-    std::string text;
-    if (!file) return text;
-    char buffer[16384];
-    while (const std::size_t read = std::fread(buffer, 1, sizeof buffer, file.get()))
-        text.append(buffer, read);
-    return text;
 }
 
 // "2026-11-21T20:24:05+09:00" as "2026-11-21 20:24:05 +09:00".
@@ -69,14 +60,13 @@ SheetContent FormSheetContent(const Findings& findings, const InputCheck& input,
     content.made = tellsTime ? SpacedTime(sources.run.made) : sources.run.made;
     content.hostModelPath = sources.hostModelPath;
     content.commandLine = sources.commandLine;
-    content.model = Described(sources.run.modelPath, tellsTime);
-    content.input = Described(sources.run.inputPath, tellsTime);
+    content.model = Described(sources.run.modelPath, tellsTime, sources.run.modelSha256);
+    content.input = Described(sources.run.inputPath, tellsTime, sources.run.inputSha256);
     content.results = DescribedReport(sources.resultsPath, hasResults, tellsTime);
     content.log = Described(sources.logPath, tellsTime);
     content.inputAsRead = FormInputAsRead(input, findings);
     content.sheetLines = SheetLinesOf(input.text);
     content.options = sources.options;
-    if (hasResults) content.resultsText = ReadText(sources.resultsPath);
     return content;
 }
 

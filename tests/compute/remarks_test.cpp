@@ -14,6 +14,7 @@
 #include "tests/support/run_findings.h"
 #include "tests/support/small_building.h"
 #include "tests/support/two_story_building.h"
+#include "tests/support/watched_host.h"
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -401,6 +402,69 @@ TEST(RemarksOnFindings, NameReportsThatAreNotWhole) {
     findings.end.resultsWritten = false;
     findings.remarks = FormRemarks(findings);
     EXPECT_THAT(Find(findings, "R26").en, HasSubstr("Incomplete: the results file."));
+}
+
+// Column 10, in the middle, is cut and not counted, so that something is asked when the results
+// file is closed.
+class ResultsFileThatIsChanged : public testing::Test {
+protected:
+    ResultsFileThatIsChanged() {
+        AddSmallBuilding(host_);
+        host_.Node(21, 3, 0, 2, true).Node(31, 3, 3.5, 2).Member(10, 21, 31);
+    }
+
+    // Puts `changed` in place of the first `text` of the closed results file.
+    Findings Run(const std::string& text, const std::string& changed) {
+        host_.modelPath = folder_.Path("tower.ext");
+        bool isChanged = false;
+        WatchedHost watched(host_, [&](std::size_t) {
+            if (!folder_.Has(kResults)) return;
+            std::string bytes = folder_.Read(kResults);
+            const std::size_t place = bytes.find(text);
+            if (isChanged || place == std::string::npos) return;
+            folder_.Write(kResults, bytes.replace(place, text.size(), changed));
+            isChanged = true;
+        });
+        StatusLines status;
+        ReportPaths reports;
+        return RunCompute(
+                   folder_.Write("input.csv", kCases + kFloors + "StoryMember,\n1,1,2,3,4,\nFIN\n"),
+                   [&] { return &watched; }, status, reports,
+                   {.wantsFindings = WantsFindings::kYes})
+            .findings.value();
+    }
+
+private:
+    static constexpr const char* kResults = "tower.aijR2Result.csv";
+
+    TestFolder folder_;
+    FakeHost host_;
+};
+
+// Every column moves 7 mm in 3.5 m under the load along X: 1/500.
+TEST_F(ResultsFileThatIsChanged, IsAnErrorAndTheVerdictIsOpen) {
+    const Findings findings = Run("1,2,0.000e+00,3.500e+03,3.500e+03,7.00000e+00,2.00000e-03,",
+                                  "1,2,0.000e+00,3.500e+03,3.500e+03,7.00000e+00,1.00000e-03,");
+    const Remark& remark = Find(findings, "R26");
+    EXPECT_EQ(RemarkKind::kError, remark.kind);
+    EXPECT_THAT(remark.stories, ElementsAre(1));
+    EXPECT_EQ(
+        "The results file differs from the figures: Story deformation angle, Direction X, Average, "
+        "story 1, load 2.",
+        remark.en);
+    EXPECT_EQ(CodeVerdict::kUndetermined, findings.verdict.code);
+    EXPECT_EQ(CodeVerdict::kOk, Run("nothing of that kind", "").verdict.code);
+}
+
+TEST_F(ResultsFileThatIsChanged, IsNoErrorWhereNoRowOfTheFiguresChanged) {
+    EXPECT_THAT(Ids(Run("nothing of that kind", "")), Not(Contains("R26")));
+    // A load case that no figure is taken from.
+    EXPECT_THAT(Ids(Run("1,1,0.000e+00", "1,1,9.999e+00")), Not(Contains("R26")));
+}
+
+TEST_F(ResultsFileThatIsChanged, MissesARowThatIsGone) {
+    EXPECT_THAT(Find(Run(" -----  Gravity center", " -----  Gravity centre"), "R26").en,
+                HasSubstr("Gravity center, story 1."));
 }
 
 TEST(RemarkList, NamesTwelveAndCountsTheRest) {

@@ -25,22 +25,33 @@ TEST(NumberText, RoundsToTheNearestAndHalvesAwayFromZero) {
     EXPECT_EQ("1,970.3", NumberText(1970.25, kForceFormat));
 }
 
-// Of numbers without a tie, printf has the exact digits.
+std::string Printed(double number, int decimals) {
+    std::array<char, 400> text{};
+    std::snprintf(text.data(), text.size(), "%.*f", decimals, number);
+    return text.data();
+}
+
+// printf has the exact digits, of numbers that do not lie in the middle of two texts.
 TEST(NumberText, HasTheDigitsOfTheExactNumber) {
+    constexpr double kLargestExactWhole = 0x1p53;
     std::mt19937_64 engine(20261121);
     for (int i = 0; i < 200000; ++i) {
         const int decimals = static_cast<int>(engine() % 7);
-        const double size = std::pow(10.0, static_cast<double>(engine() % 24) - 8.0);
+        const double unit = std::pow(10.0, -decimals);
+        double number = std::pow(10.0, static_cast<double>(engine() % 22) - 8.0) *
+                        static_cast<double>(engine() >> 11) * 0x1.0p-53;
         // Every other one as near to the middle of two texts as a double comes.
-        double number = size * static_cast<double>(engine() >> 11) * 0x1.0p-53;
         if (i % 2 == 0)
-            number = std::nextafter((std::floor(number) + 0.5) / std::pow(10.0, decimals),
-                                    i % 4 == 0 ? 0.0 : 1e30);
-        std::array<char, 400> exact{};
-        std::snprintf(exact.data(), exact.size(), "%.*f", decimals, number);
-        ASSERT_EQ(exact.data(),
+            number =
+                std::nextafter((std::floor(number / unit) + 0.5) * unit, i % 4 == 0 ? 0.0 : 1e30);
+        const std::string exact = Printed(number, 60);
+        const bool isMiddle =
+            exact.substr(exact.find('.') + 1).substr(static_cast<std::size_t>(decimals)) ==
+            "5" + std::string(59 - static_cast<std::size_t>(decimals), '0');
+        if (isMiddle || number >= kLargestExactWhole * unit) continue;
+        ASSERT_EQ(Printed(number, decimals),
                   NumberText(number, {Rounding::kNearest, decimals}, kTerminalNumbers))
-            << number;
+            << exact;
     }
 }
 

@@ -160,6 +160,17 @@ TEST_F(CalculationSheet, OpensInTheLanguageItWasMadeFor) {
     EXPECT_THAT(html, HasSubstr("id=\"en\" checked=\"checked\""));
 }
 
+TEST_F(CalculationSheet, MarksTheRowsThatTheResultsFileDoesNotHold) {
+    SheetContent content = ContentOfRun(host, kSmallBuildingInput);
+    EXPECT_THAT(Section(SheetHtml(content), "A2"), Not(HasSubstr("R26")));
+    content.findings.end.missingRows = {{1, "Eccentricity modulus, story 1"}};
+    const std::string rows = Section(SheetHtml(content), "A2");
+    const std::size_t marked = rows.find("<tr class=\"wrong\">");
+    ASSERT_NE(std::string::npos, marked);
+    EXPECT_LT(rows.rfind("Center of rigidity, story 1"), marked);
+    EXPECT_THAT(rows.substr(marked), HasSubstr("PASS R26</td>"));
+}
+
 // A figure that is not formed is a dash, and its verdict is not determinable.
 TEST_F(CalculationSheet, NeverSaysOkOfWhatWasNotCalculated) {
     const std::string html = Html("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,9,\nFIN\n");

@@ -9,9 +9,9 @@
 #include "tests/support/status_lines.h"
 #include "tests/support/test_folder.h"
 
-/// The sheet of a whole run on `host`, dated, in a folder of its own.
-inline std::string SheetOfRun(FakeHost& host, const std::string& input,
-                              const SheetOptions& options = {}) {
+/// What the sheet of a whole run on `host` shows, dated, made in a folder of its own.
+inline SheetContent ContentOfRun(FakeHost& host, const std::string& input,
+                                 const SheetOptions& options = {}) {
     const TestFolder folder;
     if (host.modelPath.empty()) host.modelPath = "tower.ext";
     host.modelPath = folder.Path(host.modelPath);
@@ -30,7 +30,13 @@ inline std::string SheetOfRun(FakeHost& host, const std::string& input,
     SheetContent content =
         FormSheetContent(outcome.findings.value(), CheckInputFile(inputPath), sources);
     content.results.path = "tower.csv";  // the folder's name is another one every time
-    return SheetHtml(content);
+    return content;
+}
+
+/// The sheet of that run.
+inline std::string SheetOfRun(FakeHost& host, const std::string& input,
+                              const SheetOptions& options = {}) {
+    return SheetHtml(ContentOfRun(host, input, options));
 }
 
 /// Text of the first cell that shows a figure; marks of notes and inner elements included as they
