@@ -91,7 +91,7 @@ std::string BatchIndex(const std::vector<JobOutcome>& outcomes) {
     for (const JobOutcome& outcome : outcomes)
         table.Row(RowOf(outcome));
     return PlainPage("Quarnel",
-                     Element("h1", {}, InBoth({"計算の一覧", "Batch of runs"})) + table.Html());
+                     Element("h1", {}, InBoth({"計算の一覧", "Batch of runs"})) + table.TakeHtml());
 }
 
 std::string BatchSummary(const std::vector<JobOutcome>& outcomes) {

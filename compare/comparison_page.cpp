@@ -113,7 +113,7 @@ std::string Page::Runs() const {
     row({"作成", "Made"}, a_.made, b_.made);
     row({"判定(プログラム)", "Verdict (tool)"}, VerdictText(a_), VerdictText(b_));
     if (!a_.complete || !b_.complete) row({"終了", "Ended early"}, a_.failure, b_.failure);
-    return table.Html();
+    return table.TakeHtml();
 }
 
 // How much greater the figure of B is; angles in percent, for 1/N has no difference to be read.
@@ -166,7 +166,7 @@ std::string Page::CheckTable(const PageCheck& check, std::size_t axis) const {
                    {{"判定(プログラム)", "Verdict (tool)"}}});
     for (auto pair = comparison_.stories.rbegin(); pair != comparison_.stories.rend(); ++pair)
         table.Row(CheckRow(check, *pair, axis));
-    return table.Html();
+    return table.TakeHtml();
 }
 
 std::string Page::Profile(const PageCheck& check, std::size_t axis) const {
@@ -214,7 +214,7 @@ std::string Page::OtherChanges() const {
     }
     const std::string heading = Element("h2", {}, InBoth({"その他の変更", "Other changes"}));
     if (isEmpty) return heading + SmallPrint({"なし", "None"});
-    return heading + table.Html();
+    return heading + table.TakeHtml();
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ std::string AngleTable(const Sheet& sheet, std::size_t axis) {
     const StoryFindings* const governing = GoverningAngle(stories, axis);
     for (std::size_t i = stories.size(); i-- > 0;)
         table.Row(AngleRow(sheet, stories[i], axis, &stories[i] == governing, notes));
-    return table.Html() + notes.Explained();
+    return table.TakeHtml() + notes.Explained();
 }
 
 // --- What is cut and not counted -----------------------------------------------------------------
@@ -152,7 +152,7 @@ std::string NotCountedTable(const Sheet& sheet) {
                      NumberCell(NumberText(member.shear[axis], kForceFormat));
         table.Row(cells);
     }
-    return table.Html() + SmallPrint(Text("for information, R06 and R07"));
+    return table.TakeHtml() + SmallPrint(Text("for information, R06 and R07"));
 }
 
 }  // namespace

@@ -89,7 +89,7 @@ std::string EccentricityTable(const Sheet& sheet, NoteList& notes) {
                  DirectionCells(sheet, story, kX, exponent, governing[kX] == &story, notes),
              DirectionCells(sheet, story, kZ, exponent, governing[kZ] == &story, notes)});
     }
-    return table.Html();
+    return table.TakeHtml();
 }
 
 }  // namespace

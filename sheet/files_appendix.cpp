@@ -35,5 +35,5 @@ void FilesAppendix(const Sheet& sheet, std::string& html) {
     if (!content.commandLine.empty())
         row(Text("command line"), Cell(Element("code", {}, HtmlText(content.commandLine))));
     row(Text("made"), Cell(HtmlText(content.made)));
-    html += table.Html() + "</section>\n";
+    html += table.TakeHtml() + "</section>\n";
 }

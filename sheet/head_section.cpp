@@ -128,5 +128,5 @@ void HeadSection(const Sheet& sheet, std::string& html) {
     row(Text("load cases row"), Cell(CasesCell(sheet)));
     row(Text("counts row"), Cell(CountsCell(sheet.findings)));
     row(Text("results, log"), Cell(ReportCell(content)));
-    html += table.Html() + "</header>\n";
+    html += table.TakeHtml() + "</header>\n";
 }

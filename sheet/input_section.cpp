@@ -60,7 +60,7 @@ std::string LinesTable(const InputAsRead& input) {
                       Cell(Element("code", {}, HtmlText(input.lines[i])), "line") +
                       Cell(NotesOfLine(input.notes, i + 1)),
                   IsWrong(input.notes, i + 1) ? " class=\"wrong\"" : "");
-    std::string html = table.Html();
+    std::string html = table.TakeHtml();
     if (shown < input.lines.size())
         html += SmallPrint(
             Filled(Text("further lines"), {{"n", CountText(input.lines.size() - shown)}}));

@@ -180,7 +180,7 @@ std::string MemberTable(const Sheet& sheet, const ModelMembers& model, const Sto
     }
     table.SumRow("<th scope=\"row\" colspan=\"4\">" + InBoth(Text("sum")) + "</th>" +
                  SumCells(story, kX) + SumCells(story, kZ));
-    return table.Html() + LeftOut(story.members.size(), shown.size());
+    return table.TakeHtml() + LeftOut(story.members.size(), shown.size());
 }
 
 // --- The numbers in the formulas -----------------------------------------------------------------
@@ -303,7 +303,7 @@ std::string AxialTable(const Sheet& sheet, const StoryFindings& story) {
                  NumberCell(NumberText(story.weightAbove, kForceInDetailFormat)) +
                  NumberCell(MomentInMetres(story.weightMoment[kX])) +
                  NumberCell(MomentInMetres(story.weightMoment[kZ])));
-    std::string html = table.Html() + LeftOut(all.size(), shown.size());
+    std::string html = table.TakeHtml() + LeftOut(all.size(), shown.size());
     std::string lines;
     for (const std::size_t axis : {kX, kZ})
         lines += Element(

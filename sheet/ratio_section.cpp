@@ -99,7 +99,7 @@ std::string RatioTable(const Sheet& sheet, NoteList& notes) {
     }
     table.SumRow("<th scope=\"row\" colspan=\"2\">" + InBoth(Text("mean rs")) + "</th>" +
                  MeanCells(sheet, kX) + MeanCells(sheet, kZ));
-    return table.Html();
+    return table.TakeHtml();
 }
 
 }  // namespace

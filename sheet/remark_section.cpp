@@ -101,5 +101,5 @@ void RemarkSection(const Sheet& sheet, std::string& html) {
                       Cell(TextsInBoth(remark.doJa, remark.doEn)),
                   " class=\"" + std::string(ClassOf(remark.kind)) + "\" data-remark=\"" +
                       HtmlText(remark.id) + "\"");
-    html += table.Html() + "</section>\n";
+    html += table.TakeHtml() + "</section>\n";
 }

@@ -73,5 +73,5 @@ void ResultsAppendix(const Sheet& sheet, std::string& html) {
         for (const ResultsRow& row : rows)
             if (row.story == findings.stories[i].number)
                 AddRow(table, sheet, findings.stories[i], row);
-    html += table.Html() + "</section>\n";
+    html += table.TakeHtml() + "</section>\n";
 }

@@ -63,7 +63,7 @@ std::string StoryTable(const Sheet& sheet) {
     const std::string howFound = InBoth(HowFound(sheet.findings));
     for (std::size_t i = sheet.StoryCount(); i-- > 0;)
         table.Row(StoryRow(sheet, sheet.findings.stories[i], howFound));
-    return table.Html();
+    return table.TakeHtml();
 }
 
 std::string ShareClass(const Figure& share) {
@@ -129,7 +129,7 @@ std::string WeightTable(const Sheet& sheet) {
             FigureCell({"floorWeight_kN", n, {}, {}}, NumberText(story.floorWeight, kForceFormat)) +
             ShearCells(story, kX) + ShearCells(story, kZ));
     }
-    return table.Html();
+    return table.TakeHtml();
 }
 
 }  // namespace

@@ -239,7 +239,7 @@ std::string SummaryTable(const Sheet& sheet, NoteList& notes) {
     row(Text("angle"), "≦ " + AllowableAngleText(kCodeDeformAngle), AngleCells);
     row(Text("ratio"), "≧ 0.6", RatioCells);
     row(Text("modulus"), "≦ 0.15", ModulusCells);
-    return table.Html();
+    return table.TakeHtml();
 }
 
 // --- Extent --------------------------------------------------------------------------------------

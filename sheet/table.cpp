@@ -3,10 +3,10 @@
 #include <array>
 #include <charconv>
 #include <numeric>
+#include <utility>
 
 #include "report/number_text.h"
 #include "route2/records.h"
-#include "sheet/concat.h"
 #include "sheet/html.h"
 #include "sheet/length_text.h"
 
@@ -14,6 +14,7 @@ using std::string_view_literals::operator""sv;
 
 namespace {
 
+constexpr std::string_view kRows = "<tbody>\n";
 constexpr std::string_view kRowsTogether = "<tbody class=\"together\">\n";
 
 void AppendAttribute(std::string& html, std::string_view name, std::string_view value) {
@@ -86,58 +87,75 @@ std::string FigureAttributes(const FigurePlace& place) {
 
 Table::Table(std::string_view key, Words caption, std::vector<double> widths,
              std::string_view cssClass) {
-    OpenWithClass(open_, "table", cssClass);
-    AppendAttribute(open_, "data-table", key);
-    open_ += '>';
-    if (!caption.ja.empty()) open_ += Element("caption", {}, InBoth(caption));
+    OpenWithClass(html_, "table", cssClass);
+    AppendAttribute(html_, "data-table", key);
+    html_ += '>';
+    if (!caption.ja.empty()) html_ += Element("caption", {}, InBoth(caption));
     const double sum = std::accumulate(widths.begin(), widths.end(), 0.0);
-    open_ += "<colgroup>";
+    html_ += "<colgroup>";
     for (const double width : widths)
-        open_ += "<col style=\"width:" + LengthText(100.0 * width / sum) + "%\">";
-    open_ += "</colgroup>\n";
+        html_ += "<col style=\"width:" + LengthText(100.0 * width / sum) + "%\">";
+    html_ += "</colgroup>\n";
 }
 
 void Table::HeadRow(const std::vector<HeadCell>& cells) {
-    head_ += "<tr>";
+    Enter(Part::kHead, "<thead>\n");
+    html_ += "<tr>";
     for (const HeadCell& cell : cells)
-        AppendHeadCell(head_, cell);
-    head_ += "</tr>\n";
+        AppendHeadCell(html_, cell);
+    html_ += "</tr>\n";
 }
 
 void Table::Row(std::string_view cells, std::string_view attributes) {
-    lastRow_ = rows_.size();
+    Enter(Part::kRows, kRows);
+    lastRow_ = html_.size();
     for (const std::string_view part : {"<tr"sv, attributes, ">"sv, cells, "</tr>\n"sv})
-        rows_ += part;
+        html_ += part;
 }
 
 void Table::Together(const std::vector<std::string>& rowsOfCells) {
-    CloseRows();
+    Leave();
+    Enter(Part::kRows, kRowsTogether);
     for (const std::string& cells : rowsOfCells)
         Row(cells);
-    CloseRows(kRowsTogether);
+    Leave();
 }
 
 void Table::SumRow(std::string_view cells) {
-    const std::string last = rows_.substr(lastRow_);
-    rows_.resize(lastRow_);
-    CloseRows();
-    rows_ = last;
+    if (part_ == Part::kRows) {
+        // The last row begins a group of its own.
+        const std::string last = html_.substr(lastRow_);
+        html_.resize(lastRow_);
+        if (html_.ends_with(kRows)) {
+            html_.resize(html_.size() - kRows.size());
+            part_ = Part::kNone;
+        }
+        Leave();
+        Enter(Part::kRows, kRowsTogether);
+        html_ += last;
+    } else {
+        Enter(Part::kRows, kRowsTogether);
+    }
     Row(cells, " class=\"sum\"");
-    CloseRows(kRowsTogether);
+    Leave();
 }
 
-void Table::CloseRows(std::string_view open) {
-    if (rows_.empty()) return;
-    for (const std::string_view part : {open, std::string_view(rows_), "</tbody>\n"sv})
-        groups_ += part;
-    rows_.clear();
-    lastRow_ = 0;
+std::string Table::TakeHtml() {
+    Leave();
+    html_ += "</table>\n";
+    return std::move(html_);
 }
 
-std::string Table::Html() {
-    CloseRows();
-    if (head_.empty()) return Concat({open_, groups_, "</table>\n"});
-    return Concat({open_, "<thead>\n", head_, "</thead>\n", groups_, "</table>\n"});
+void Table::Enter(Part part, std::string_view opening) {
+    if (part_ == part) return;
+    Leave();
+    html_ += opening;
+    part_ = part;
+}
+
+void Table::Leave() {
+    if (part_ != Part::kNone) html_ += part_ == Part::kHead ? "</thead>\n" : "</tbody>\n";
+    part_ = Part::kNone;
 }
 
 std::string RowHead(std::string_view html, int rows) {

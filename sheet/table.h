@@ -58,17 +58,19 @@ public:
     /// A row that sums up the rows before it; the last of them stays on its page.
     void SumRow(std::string_view cells);
 
-    /// The whole table.
-    std::string Html();
+    /// The whole table. To be called once, as the last thing.
+    std::string TakeHtml();
 
 private:
-    void CloseRows(std::string_view open = "<tbody>\n");
+    enum class Part { kNone, kHead, kRows };
 
-    std::string open_;
-    std::string head_;
-    std::string groups_;       ///< of rows that are complete
-    std::string rows_;         ///< of the group that is open
-    std::size_t lastRow_ = 0;  ///< where the last of them begins
+    // Closes what is open, and opens a part unless it is that.
+    void Enter(Part part, std::string_view opening);
+    void Leave();
+
+    std::string html_;
+    Part part_ = Part::kNone;
+    std::size_t lastRow_ = 0;  ///< where the last row of the open part begins
 };
 
 // Cells. Texts are HTML, unless they are said to be anything else.

@@ -180,5 +180,5 @@ std::string AllNotesTable() {
         const FilledWords text = Filled(TextOfNote(note), {{"limits", Text("some limits")}});
         table.Row(RowHead(Concat({"*", NameOf(note)})) + Cell(InBoth(text)));
     }
-    return table.Html();
+    return table.TakeHtml();
 }
