@@ -4,9 +4,9 @@
 # Usage: bench/across_processes.sh [REPETITIONS]
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/debian-packages.sh
 . scripts/wine-session.sh
-scripts/install-packages.sh "${native_packages[@]}" "${windows_packages[@]}" "${wine_packages[@]}"
+scripts/install-debian-packages.sh "${native_packages[@]}" "${windows_packages[@]}" "${wine_packages[@]}"
 
 mkdir -p build
 log=build/bench-windows-build.log

@@ -16,8 +16,8 @@ other=$(realpath "$1")
 repetitions=${2:-15}
 
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
-scripts/install-packages.sh "${native_packages[@]}" "${bench_packages[@]}"
+. scripts/debian-packages.sh
+scripts/install-debian-packages.sh "${native_packages[@]}" "${bench_packages[@]}"
 mkdir -p build
 log=build/bench-build.log
 { cmake --preset bench && cmake --build --preset bench --target quarnel-cli quarnel-bench-building; } \

@@ -7,8 +7,8 @@ set -euo pipefail
 [ $# = 1 ] || { sed -n '2,5s/^# \{0,1\}//p' "$0" >&2; exit 2; }
 out=$(realpath -m "$1")
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
-command -v pandoc >/dev/null || scripts/install-packages.sh pandoc
+. scripts/debian-packages.sh
+command -v pandoc >/dev/null || scripts/install-debian-packages.sh pandoc
 
 version=$(sed -n 's/^project(Quarnel VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 # Below docs/.

@@ -8,9 +8,9 @@
 # are not measured; docs/coverage.md says what else is not reached, and why.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/debian-packages.sh
 . scripts/folders.sh
-scripts/install-packages.sh "${native_packages[@]}" "${script_packages[@]}" \
+scripts/install-debian-packages.sh "${native_packages[@]}" "${script_packages[@]}" \
     "${print_packages[@]}" "${example_packages[@]}" "${coverage_packages[@]}"
 
 log=build/coverage.log

@@ -10,8 +10,8 @@ set -euo pipefail
 out=$(realpath -m "${1:-$(dirname "$0")/../build/packages}")
 base=${2:-https://BASE-ADDRESS}
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
-scripts/install-packages.sh "${native_packages[@]}" "${windows_packages[@]}" \
+. scripts/debian-packages.sh
+scripts/install-debian-packages.sh "${native_packages[@]}" "${windows_packages[@]}" \
     "${package_packages[@]}"
 
 version=$(sed -n 's/^project(Quarnel VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)

@@ -8,9 +8,9 @@
 # cppcheck     all sources, the tests' own tools included; .cppcheck-suppressions likewise
 set -euo pipefail
 cd "$(dirname "$0")/.."
-. scripts/packages.sh
+. scripts/debian-packages.sh
 . scripts/folders.sh
-scripts/install-packages.sh "${native_packages[@]}" "${windows_packages[@]}" \
+scripts/install-debian-packages.sh "${native_packages[@]}" "${windows_packages[@]}" \
     "${analysis_packages[@]}"
 
 work=build/static-analysis

@@ -11,8 +11,8 @@ from markdown import fail_with, heading_anchors, read, table_rows
 
 
 def packages_of(purpose):
-    """Debian packages of one of the lists in scripts/packages.sh."""
-    return re.search(rf"^{purpose}=\((.*?)\)", read("scripts/packages.sh"), re.M | re.S)[1].split()
+    """Debian packages of one of the lists in scripts/debian-packages.sh."""
+    return re.search(rf"^{purpose}=\((.*?)\)", read("scripts/debian-packages.sh"), re.M | re.S)[1].split()
 
 
 def compiled_in():

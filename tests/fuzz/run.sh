@@ -19,8 +19,8 @@ shift
     tables whole_run
 
 cd "$(dirname "$0")/../.."
-. scripts/packages.sh
-scripts/install-packages.sh "${native_packages[@]}" "${fuzz_packages[@]}"
+. scripts/debian-packages.sh
+scripts/install-debian-packages.sh "${native_packages[@]}" "${fuzz_packages[@]}"
 cmake --preset fuzz
 cmake --build --preset fuzz
 

@@ -20,8 +20,8 @@ make_program() {
 # The command line says in which folder it works and what it was told to do.
 make_project() {
     cp "$root/run" "$project"
-    make_program "$project/scripts/packages.sh" 'native_packages=()'
-    make_program "$project/scripts/install-packages.sh" ''
+    make_program "$project/scripts/debian-packages.sh" 'native_packages=()'
+    make_program "$project/scripts/install-debian-packages.sh" ''
     make_program "$project/build/native/bin/quarnel-cli" 'echo "in $PWD:"; printf "%s\n" "$@"'
     make_program "$project/tools/cmake" ''
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs those of the named Debian packages that are missing; says nothing when none is.
-# Usage: scripts/install-packages.sh PACKAGE...
+# Usage: scripts/install-debian-packages.sh PACKAGE...
 set -euo pipefail
 
 missing=()
