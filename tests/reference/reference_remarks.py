@@ -288,7 +288,7 @@ def on_shears(figures, story, axis, remarks):
         return
     if story.number < len(figures.stories):
         above = figures.stories[story.number].directions[axis].story_shear
-        if above is not None and abs(d.story_shear) <= abs(above):
+        if above is not None and abs(d.story_shear) <= abs(above) * (1.0 + 1e-9):
             remarks.add("R16", "warning", [story.number])
     weight = story.story.weight
     if story.number == 1 and weight > 0.0:
