@@ -180,6 +180,14 @@ std::string Fixed(double value, int decimals) {
     return error == std::errc() ? std::string(text, end) : std::string("?");
 }
 
+BothLanguages PercentOf(double share) {
+    constexpr double kGreatest = 9.99;
+    if (share > kGreatest) return {"more than 999%", "999%超"};
+    if (share < -kGreatest) return {"less than -999%", "-999%未満"};
+    const std::string text = Fixed(100.0 * share, 1) + "%";
+    return {text, text};
+}
+
 std::string Shortest(double value) {
     char text[32];
     return {text, std::to_chars(text, text + sizeof(text), value).ptr};

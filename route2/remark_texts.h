@@ -46,5 +46,9 @@ BothLanguages Listed(const std::vector<BothLanguages>& items);
 /// `value` with a fixed number of decimals, halves away from zero, no "-0".
 std::string Fixed(double value, int decimals);
 
+/// A share of 1 in percent with one decimal. Beyond ten times the whole, where the number would say
+/// nothing but that the whole is nearly nothing, "more than 999%".
+BothLanguages PercentOf(double share);
+
 /// `value` with as many digits as it takes to read it back.
 std::string Shortest(double value);

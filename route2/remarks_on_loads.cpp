@@ -37,11 +37,11 @@ void OnVerticalLoad(const Findings& findings, std::vector<Remark>& remarks) {
             if (weight >= kNearlyZero) worst = std::max(worst, vertical / weight);
         }
         const std::vector<RemarkValue> values = {{"n", CaseOf(findings, axis)},
-                                                 {"p", Fixed(100.0 * worst, 1)}};
+                                                 {"p", PercentOf(worst)}};
         if (IsCombination(findings, axis))
             cause.Add(0, FillIn("{n} (a combination)", "{n}(組合せ)", values));
         else if (worst > kVerticalShare)
-            cause.Add(0, FillIn("{n} ({p}% of the weight)", "{n}(重量の {p}%)", values));
+            cause.Add(0, FillIn("{n} ({p} of the weight)", "{n}(重量の {p})", values));
     }
     cause.AppendTo(remarks);
 }
@@ -69,11 +69,11 @@ void OnAcrossLoad(const Findings& findings, std::vector<Remark>& remarks) {
     for (const std::size_t axis : {kX, kZ}) {
         const AcrossLoad worst = WorstAcross(findings, axis);
         if (worst.story == 0) continue;
-        cause.Add(worst.story, FillIn("{where}: case {n} acts across, {p}% of along",
-                                      "{where}: ケース {n} の直交方向成分 {p}%",
+        cause.Add(worst.story, FillIn("{where}: case {n} acts across, {p} of along",
+                                      "{where}: ケース {n} の直交方向成分 {p}",
                                       {{"where", DirectionName(findings, worst.story, axis)},
                                        {"n", CaseOf(findings, axis)},
-                                       {"p", Fixed(100.0 * std::min(worst.share, 1000.0), 1)}}));
+                                       {"p", PercentOf(worst.share)}}));
         if (worst.share > 1.0) cause.MakeError();
     }
     cause.Set("second", std::string(1, findings.SecondDirection()));

@@ -17,10 +17,6 @@ constexpr double kSmallShareOfDrift = 0.05;      // of the mean
 constexpr double kGreatShareOfStiffness = 0.05;  // of the sum of the amounts
 constexpr double kInfluenceOfLeaning = 0.01;     // on the largest drift and on the mean
 
-std::string Percent(double share) {
-    return Fixed(100.0 * share, 1) + "%";
-}
-
 BothLanguages AtMember(const Findings& findings, const StoryFindings& story, std::size_t axis,
                        const MemberFindings& member) {
     const std::string number = std::to_string(member.number);
@@ -44,7 +40,7 @@ void OnShareOfTheShear(const Findings& findings, std::vector<Remark>& remarks) {
                              {{"where", DirectionName(findings, story.number, axis)},
                               {"a", Fixed(counted, 1)},
                               {"b", Fixed(all, 1)},
-                              {"p", Percent(share)}}));
+                              {"p", PercentOf(share)}}));
             if (share < kHalfShare) cause.MakeError();
             for (const MemberFindings& member : story.cutNotCounted)
                 cause.AddMember(member.number);
@@ -97,9 +93,8 @@ void OnStiffness(const Findings& findings, std::vector<Remark>& remarks) {
                 const bool isSmall = drift < kSmallDrift || drift < kSmallShareOfDrift * mean;
                 if (isSmall && std::abs(stiffness) > kGreatShareOfStiffness * sum) {
                     hardlyMoving.AddMember(member.number);
-                    hardlyMoving.Add(story.number,
-                                     place + (" (" + Fixed(drift, 3) + " mm, " +
-                                              Percent(std::abs(stiffness) / sum) + ")"));
+                    hardlyMoving.Add(story.number, place + (" (" + Fixed(drift, 3) + " mm, ") +
+                                                       PercentOf(std::abs(stiffness) / sum) + ")");
                 }
             }
         }
@@ -158,12 +153,12 @@ void OnLeaningMembers(const Findings& findings, std::vector<Remark>& remarks) {
             const std::string judged =
                 influence.upright > 0 && worst ? std::to_string(*worst) : "—";
             cause.AddMember(influence.largest->number);
-            cause.Add(story.number, FillIn("{where}: leaning member {m}, upright {k}, mean {p}%",
-                                           "{where}: 斜材 {m}、鉛直材 {k}、平均への影響 {p}%",
+            cause.Add(story.number, FillIn("{where}: leaning member {m}, upright {k}, mean {p}",
+                                           "{where}: 斜材 {m}、鉛直材 {k}、平均への影響 {p}",
                                            {{"where", DirectionName(findings, story.number, axis)},
                                             {"m", std::to_string(influence.largest->number)},
                                             {"k", judged},
-                                            {"p", Fixed(100.0 * influence.ShareOfMean(), 1)}}));
+                                            {"p", PercentOf(influence.ShareOfMean())}}));
         }
     }
     cause.AppendTo(remarks);

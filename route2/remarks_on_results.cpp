@@ -66,10 +66,10 @@ void OnFloorsThatAreNotRigid(const Findings& findings, std::vector<Remark>& rema
             const double mean = std::abs(story.directions[axis].meanDrift.value_or(0.0));
             if (mean == 0.0 || residual <= kNoMotion || residual <= kRigidFloorShare * mean)
                 continue;
-            const std::string share = Fixed(100.0 * residual / mean, 1) + "%";
             cause.Add(story.number, BothLanguages{"floor above ", ""} +
                                         DirectionName(findings, story.number, axis) +
-                                        BothLanguages{" (residual ", "の上床(残差 "} + share + ")");
+                                        BothLanguages{" (residual ", "の上床(残差 "} +
+                                        PercentOf(residual / mean) + ")");
         }
     cause.AppendTo(remarks);
 }

@@ -29,9 +29,29 @@ std::string ListedMembers(const Remark& remark) {
     return Listed(remark.members, [](std::int32_t member) { return IdentifierText(member); });
 }
 
+// Remarks are written for terminals, too; the page has its own minus sign. A hyphen within a name
+// or a line to be written into the input file stays.
+std::string WithMinus(std::string_view text) {
+    std::string written;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isMinus = text[i] == '-' && i > 0 && i + 1 < text.size() &&
+                             (text[i - 1] == ' ' || text[i - 1] == '(') && text[i + 1] >= '0' &&
+                             text[i + 1] <= '9';
+        if (isMinus)
+            written += kPageNumbers.minus;
+        else
+            written += text[i];
+    }
+    return written;
+}
+
+std::string TextIn(std::string_view language, std::string_view cssClass, std::string_view text) {
+    return Element("span", {{"class", cssClass}, {"lang", language}},
+                   HtmlText(WithMinus(text), kLongestRemark));
+}
+
 std::string TextsInBoth(std::string_view ja, std::string_view en) {
-    return Element("span", {{"class", "ja"}, {"lang", "ja"}}, HtmlText(ja, kLongestRemark)) +
-           Element("span", {{"class", "en below"}, {"lang", "en"}}, HtmlText(en, kLongestRemark));
+    return TextIn("ja", "ja", ja) + TextIn("en", "en below", en);
 }
 
 std::string_view ClassOf(RemarkKind kind) {

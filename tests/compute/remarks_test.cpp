@@ -180,6 +180,10 @@ TEST_F(Remarks, NameACaseThatActsAcross) {
     const Findings exchanged =
         FindingsOf(plain, "EarthquakeLoadCaseNumber,3,2,\n" + kFloors + "FIN\n");
     EXPECT_EQ(RemarkKind::kError, Find(exchanged, "R13").kind);
+    // Nothing at all acts along: a percentage of it would be any number.
+    EXPECT_THAT(Find(exchanged, "R13").en,
+                HasSubstr("case 3 acts across, more than 999% of along"));
+    EXPECT_THAT(Find(exchanged, "R13").ja, HasSubstr("ケース 3 の直交方向成分 999%超"));
     EXPECT_THAT(Ids(FindingsOf(plain, kCases + kFloors + "FIN\n")), Not(Contains("R13")));
 }
 
@@ -478,6 +482,16 @@ TEST(RemarkNumbers, RoundHalvesAwayFromZeroAndKnowNoMinusZero) {
     EXPECT_EQ("-2.5", Fixed(-2.45, 1));
     EXPECT_EQ("0.0", Fixed(-0.04, 1));
     EXPECT_EQ("3500", Shortest(3500.0));
+}
+
+TEST(RemarkNumbers, SayOfGreatPercentagesOnlyThatTheyAreGreat) {
+    EXPECT_EQ("98.5%", PercentOf(0.985).en);
+    EXPECT_EQ("-12.0%", PercentOf(-0.12).ja);
+    EXPECT_EQ("999.0%", PercentOf(9.99).en);
+    EXPECT_EQ("more than 999%", PercentOf(1000.0).en);
+    EXPECT_EQ("999%超", PercentOf(1000.0).ja);
+    EXPECT_EQ("less than -999%", PercentOf(-1e9).en);
+    EXPECT_EQ("-999%未満", PercentOf(-1e9).ja);
 }
 
 }  // namespace

@@ -160,6 +160,17 @@ TEST_F(CalculationSheet, OpensInTheLanguageItWasMadeFor) {
     EXPECT_THAT(html, HasSubstr("id=\"en\" checked=\"checked\""));
 }
 
+// All columns push back with 14 kN; a name may have a hyphen before its digits.
+TEST_F(CalculationSheet, HasTheMinusOfItsTablesInItsRemarks) {
+    for (std::int32_t column = 1; column <= 4; ++column)
+        host.Force(2, column, 0, 0, -14, 0);
+    SheetContent content = ContentOfRun(host, kSmallBuildingInput);
+    EXPECT_THAT(Section(SheetHtml(content), "S7"), HasSubstr("story 1 X ΣQ = −56.0 kN"));
+    content.findings.remarks.front().en = "tower-2.csv, FloorLevel,0,-1200 (-5 mm)";
+    EXPECT_THAT(Section(SheetHtml(content), "S7"),
+                HasSubstr("tower-2.csv, FloorLevel,0,-1200 (−5 mm)"));
+}
+
 TEST_F(CalculationSheet, MarksTheRowsThatTheResultsFileDoesNotHold) {
     SheetContent content = ContentOfRun(host, kSmallBuildingInput);
     EXPECT_THAT(Section(SheetHtml(content), "A2"), Not(HasSubstr("R26")));
