@@ -8,6 +8,7 @@ figure beside its limit shows.
 """
 
 import json
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -104,6 +105,34 @@ def angle(drift, height):
     return sign + (f"1/{whole}" if whole >= 1 else ">1")
 
 
+def is_within(inverse, share):
+    """Whether 1/inverse is 1 over a whole number, give or take that share of it."""
+    return abs(inverse - inverse.to_integral_value(ROUND_HALF_UP)) <= inverse * Decimal(share)
+
+
+def one_over(inverse, decimals, rounding):
+    return f"1/{inverse.quantize(Decimal(1).scaleb(-decimals), rounding)}"
+
+
+def angle_and_limit(worst, height):
+    """The amount of an angle and its limit, with as many decimals as show their order."""
+    limit = 1 / Decimal(worst["allowable"])
+    usual = 0 if is_within(limit, "0.001") else 1
+    plain_limit = one_over(limit, usual, ROUND_HALF_UP)
+    drift = None if worst["drift_mm"] is None else abs(worst["drift_mm"])
+    plain = angle(drift, height)
+    if not plain.startswith("1/"):
+        return plain, plain_limit
+    inverse = Decimal(height) / Decimal(drift) * (1 + TOLERANCE)
+    for decimals in range(1 if is_within(limit, TOLERANCE) else 7):
+        shown = (one_over(inverse, decimals, ROUND_FLOOR),
+                 one_over(limit, max(decimals, usual), ROUND_HALF_UP))
+        keeps = Decimal(shown[0][2:]) >= Decimal(shown[1][2:])
+        if worst["code"] == "undetermined" or keeps == (worst["code"] == "OK"):
+            return shown
+    raise ValueError(f"{decimals} decimals do not show that {worst} is {worst['code']}")
+
+
 def coordinate(figures, story, direction):
     """Of a centre, the one across the direction."""
     return figures[1 if direction == "x" else 0]
@@ -112,12 +141,17 @@ def coordinate(figures, story, direction):
 class Expected:
     """What a cell must show, from the JSON of the run."""
 
+    GOVERNING = ("worstUpright.angle", "stiffnessRatio", "eccentricityModulus")
+
     def __init__(self, run):
         self.run = run
         self.stories = {str(story["number"]): story for story in run["stories"]}
+        self.governing = None  # the figure to which a utilisation belongs stands before it
 
     def text(self, cell):
         key = cell["key"]
+        if key in self.GOVERNING:
+            self.governing = key
         if key == "verdict.code":
             return OVERALL[self.run["verdict"]["code"]]
         if key == "verdict.tool":
@@ -150,6 +184,33 @@ class Expected:
             return rounded(members[0][key.split(".")[1]], 0)
         return None
 
+    def utilisation(self, direction, figures):
+        """How far the limit is used, in the story that uses it most."""
+        def of(one):
+            value = one["worstUpright"]["angle"] if self.governing == "worstUpright.angle" \
+                else one[self.governing]
+            if value is None:
+                return None
+            if self.governing == "worstUpright.angle":
+                return Decimal(value) / Decimal(one["worstUpright"]["allowable"])
+            if self.governing == "stiffnessRatio":
+                return Decimal("0.6") / Decimal(value)
+            return Decimal(value) / Decimal("0.15")
+        uses = [of(story[direction]) for story in self.stories.values()]
+        if of(figures) < max(use for use in uses if use is not None) * (1 - TOLERANCE):
+            return "of another story"
+        return safely(of(figures), 2, up=True)
+
+    @staticmethod
+    def max_over_mean(story, direction, worst):
+        index = 1 if direction == "second" else 0
+        upright = [one for one in story["members"] if one["upright"]] or story["members"]
+        drifts = [one["drift_mm"][index] for one in upright]
+        if worst["drift_mm"] is None or None in drifts or not sum(drifts):
+            return NONE
+        mean = sum(map(Decimal, drifts)) / len(drifts)
+        return rounded(Decimal(worst["drift_mm"]) / mean, 3)
+
     def of_story(self, key, story):
         if key in ("lowerLevel_mm", "upperLevel_mm", "height_mm"):
             return level(story[key])
@@ -165,7 +226,7 @@ class Expected:
             return self.torsion(story[key])
         if key == "cutNotCounted":
             return str(len(story[key]))
-        return None
+        return "a figure that nobody checks"
 
     def less_above(self, story, value):
         """The story's value less that of the story above."""
@@ -197,7 +258,12 @@ class Expected:
             "worstUpright.drift_mm": lambda: rounded(worst["drift_mm"], 3),
             "worstUpright.member": lambda: NONE if worst["member"] is None
             else str(worst["member"]),
+            "worstUpright.angle": lambda: angle_and_limit(worst, height)[0],
+            "worstUpright.allowable": lambda: angle_and_limit(worst, height)[1],
             "worstUpright.code": lambda: VERDICTS[worst["code"]],
+            "maxOverMean": lambda: self.max_over_mean(story, direction, worst),
+            "utilisation": lambda: self.utilisation(direction, figures),
+            "toolMax.member": lambda: str(tool["member"]),
             "meanAngle": lambda: angle(figures["meanDrift_mm"], height),
             "toolMax.verdict": lambda: tool["verdict"] or NONE,
             "toolMeanVerdict": lambda: figures["toolMeanVerdict"] or NONE,
@@ -228,11 +294,7 @@ class Expected:
             "acrossShare": lambda: self.share(figures["acrossShear_kN"],
                                               figures["shearOfStoryMembers_kN"]),
         }
-        if key == "worstUpright.angle" and abs(1 / worst["allowable"]
-                                               - round(1 / worst["allowable"])) < 1e-6:
-            drift = worst["drift_mm"]
-            return angle(None if drift is None else abs(drift), height)
-        return special[key]() if key in special else None
+        return special[key]() if key in special else "a figure that nobody checks"
 
 
 def limit_is_kept(cell):
@@ -252,30 +314,63 @@ def check_verdicts(cells, run, complain):
             complain(f"{cell} is printed against its verdict {verdict}")
 
 
-def check(cli, model, folder, complain):
+def make_sheet(cli, model, input_file, folder):
+    """The cells of the sheet, and the figures of the same run; a sentence where there are none."""
     sheet, figures = folder / "sheet.html", folder / "figures.json"
-    copy = folder / model.name
-    copy.write_bytes(model.read_bytes())
-    done = subprocess.run([cli, "sheet", str(copy), str(model.with_suffix(".csv")), str(sheet),
+    done = subprocess.run([cli, "sheet", str(model), str(input_file), str(sheet),
                            "--json", str(figures), "--date", "2026-11-21"],
                           capture_output=True, text=True, check=False)
     if done.returncode != 0:
-        complain(f"{model.name}: ended with {done.returncode}: {done.stderr}")
-        return 0
+        return [], {}, f"ended with {done.returncode}: {done.stderr}"
     parser = Figures()
     parser.feed(sheet.read_text(encoding="utf-8"))
-    run = json.loads(figures.read_text(encoding="utf-8"))
+    return parser.found, json.loads(figures.read_text(encoding="utf-8")), None
+
+
+def check(cli, model, input_file, folder, complain):
+    cells, run, failure = make_sheet(cli, model, input_file, folder)
+    if failure:
+        complain(failure)
+        return 0
     expected = Expected(run)
     compared = 0
-    for cell in parser.found:
+    for cell in cells:
         cell["text"] = cell["text"].strip()
         wanted = expected.text(cell)
         if wanted is None:
             continue
         compared += 1
         if cell["text"] != wanted:
-            complain(f"{model.name}: {cell} should be {wanted}")
-    check_verdicts(parser.found, run, lambda text: complain(f"{model.name}: {text}"))
+            complain(f"{cell} should be {wanted}")
+    check_verdicts(cells, run, complain)
+    return compared
+
+
+def check_beside_odd_limits(cli, model, folder, complain):
+    """The building, moved so far that its stories lie between 1/200 and 1/120, each beside a limit
+    that is not 1 over a whole number and differs from its angle by ever less."""
+    recording = json.loads(model.read_text(encoding="utf-8"))
+    plain, input_file = folder / "plain.csv", folder / "odd.csv"
+    cases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n"
+    plain.write_text(cases + "FIN\n", encoding="utf-8")
+    compared = 0
+    for story in range(1, 6):
+        moved = folder / f"moved{story}.qhm"
+        moved.write_text(json.dumps(recording), encoding="utf-8")
+        run = make_sheet(cli, moved, plain, folder)[1]
+        now = run["stories"][story - 1]["x"]["worstUpright"]["angle"]
+        for displacements in recording["displacements"].values():
+            for node in displacements.values():
+                node[:] = [value / now / 151.5 for value in node]
+        moved.write_text(json.dumps(recording), encoding="utf-8")
+        run = make_sheet(cli, moved, plain, folder)[1]
+        now = run["stories"][story - 1]["x"]["worstUpright"]["angle"]
+        for power in (3, 5, 7):
+            for sign in (1, -1):
+                limit = now * (1 + sign * 10 ** -power)
+                input_file.write_text(f"{cases}AllowStoryDeformAngle,\n{story},{limit!r},\nFIN\n",
+                                      encoding="utf-8")
+                compared += check(cli, moved, input_file, folder, complain)
     return compared
 
 
@@ -285,10 +380,16 @@ def main():
     models = [model for folder in folders for model in sorted(Path(folder).glob("*.qhm"))]
     for model in models:
         with tempfile.TemporaryDirectory() as folder:
-            compared = check(cli, model, Path(folder), problems.append)
+            copy = Path(shutil.copy(model, folder))
+            compared = check(cli, copy, model.with_suffix(".csv"), Path(folder),
+                             lambda problem, name=model.name: problems.append(f"{name}: {problem}"))
             if compared < 30:
                 problems.append(f"{model.name}: only {compared} cells were compared")
             print(f"{model.name}: {compared} cells")
+    with tempfile.TemporaryDirectory() as folder:
+        compared = check_beside_odd_limits(cli, Path(folders[0]) / "five_story_office_z_up.qhm",
+                                           Path(folder), problems.append)
+        print(f"beside odd limits: {compared} cells")
     for problem in problems[:40]:
         print(problem)
     return 1 if problems or not models else 0
