@@ -185,7 +185,7 @@ struct LoadCaseFindings {
     EarthquakeCases earthquake{1, 1};
     std::vector<std::int32_t> primary;       ///< in the host's order
     std::vector<std::int32_t> combinations;  ///< in the host's order
-    bool modelAsked = false;  ///< the run came as far as to ask the host for them
+    bool modelAsked = false;                 ///< the run came as far as to ask the host for them
 };
 
 /// A row of the results file as the figures have it.

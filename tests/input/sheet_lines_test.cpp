@@ -47,7 +47,8 @@ TEST(SheetLines, GiveTheGridAndTheGround) {
 }
 
 TEST(SheetLines, AddUpNotesAndKeepTheCommasWithinThem) {
-    const SheetLines lines = Read("SheetNote,drawing S-12, revision 3,,,\r\nSheetNote,,\nSheetNote,b\nFIN");
+    const SheetLines lines =
+        Read("SheetNote,drawing S-12, revision 3,,,\r\nSheetNote,,\nSheetNote,b\nFIN");
     EXPECT_THAT(lines.notes, ElementsAre("drawing S-12, revision 3", "b"));
 }
 

@@ -137,9 +137,9 @@ TEST(FindingsAndResults, SayTheSameInEveryRow) {
         RecordedHost host(model, folder.Path("model.qhm"));
         StatusLines status;
         ReportPaths reports;
-        const RunOutcome outcome = RunCompute(
-            folder.Write("input.csv", InputFileOf(building)), [&host] { return &host; }, status,
-            reports, {.wantsFindings = WantsFindings::kYes});
+        const RunOutcome outcome =
+            RunCompute(folder.Write("input.csv", InputFileOf(building)), [&host] { return &host; },
+                       status, reports, {.wantsFindings = WantsFindings::kYes});
         ASSERT_TRUE(outcome.complete && outcome.findings);
         const ResultRows rows(folder.Read("model.aijR2Result.csv"));
         for (const StoryFindings& story : outcome.findings->stories)

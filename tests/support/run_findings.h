@@ -13,8 +13,7 @@ inline Findings FindingsOf(FakeHost& host, const std::string& input) {
     host.modelPath = folder.Path("tower.ext");
     StatusLines status;
     ReportPaths reports;
-    return RunCompute(
-               folder.Write("input.csv", input), [&host] { return &host; }, status, reports,
-               {.wantsFindings = WantsFindings::kYes})
+    return RunCompute(folder.Write("input.csv", input), [&host] { return &host; }, status, reports,
+                      {.wantsFindings = WantsFindings::kYes})
         .findings.value();
 }
