@@ -12,7 +12,7 @@
 
 namespace {
 
-Building ReadRecording(const std::string& path) {
+BuildingRead ReadRecording(const std::string& path) {
     try {
         QhmContents contents = ReadQhmFileWithCautions(path);
         for (const std::string& caution : contents.cautions)
@@ -25,7 +25,7 @@ Building ReadRecording(const std::string& path) {
 }
 
 // Without the input file's load cases, when it cannot be read: the run tells that by itself.
-Building ReadTables(const std::string& folder, const std::string& inputPath) {
+BuildingRead ReadTables(const std::string& folder, const std::string& inputPath) {
     if (!RequireTables(folder)) return {};
     TablesImport import = ImportTables(folder, ReadInputRoles(inputPath));
     TellCautions(import);
@@ -74,6 +74,6 @@ std::vector<NamedFile> TablesOf(const std::string& path) {
     return tables;
 }
 
-Building ReadBuilding(const std::string& path, const std::string& inputPath) {
+BuildingRead ReadBuilding(const std::string& path, const std::string& inputPath) {
     return IsTableFolder(path) ? ReadTables(path, inputPath) : ReadRecording(path);
 }

@@ -22,7 +22,7 @@ std::string ModelPathOf(const std::string& path);
 std::vector<NamedFile> TablesOf(const std::string& path);
 
 /// A building that a command names, once it has been read.
-struct Building {
+struct BuildingRead {
     std::optional<RecordedModel> model;
     ExitCode whyNot = kExitUsage;  ///< when there is no model: what the command returns
 };
@@ -32,4 +32,4 @@ struct Building {
 ///
 /// A folder of tables that has faults is an unreadable model; one whose statements cannot be right
 /// ends the command early.
-Building ReadBuilding(const std::string& path, const std::string& inputPath);
+BuildingRead ReadBuilding(const std::string& path, const std::string& inputPath);

@@ -197,7 +197,7 @@ ExitCode CheckBuilding(const std::string& path, const std::string& inputPath,
         TellError(*collision + "; nothing was written");
         return kExitUsage;
     }
-    const Building building = ReadBuilding(path, inputPath);
+    const BuildingRead building = ReadBuilding(path, inputPath);
     if (!building.model) return building.whyNot;
     RecordedHost host(*building.model, modelPath);
     const CheckedHost checked{[&host] { return &host; }, path,

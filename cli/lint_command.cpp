@@ -78,7 +78,7 @@ std::string InputRecordedFor(const RecordedModel& model) {
 }
 
 ExitCode LintAgainstRecording(const LintOptions& options) {
-    const Building building = ReadBuilding(options.modelPath, options.inputPath);
+    const BuildingRead building = ReadBuilding(options.modelPath, options.inputPath);
     if (!building.model) {
         if (options.inputPath.ends_with(".qhm") || IsTableFolder(options.inputPath))
             TellError("the input file comes first: lint INPUT.csv MODEL.qhm");

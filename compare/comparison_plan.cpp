@@ -92,12 +92,19 @@ void DrawCenters(Svg& svg, const PlanField& field, const StoryRead& story, const
     }
 }
 
-FilledWords TitleOf(const StoryRead* a, const StoryRead* b) {
-    const int number = b != nullptr ? b->number : a->number;
-    FilledWords title{std::to_string(number) + "階", "story " + std::to_string(number)};
-    if (a == nullptr) title = {title.ja + "(B のみ)", title.en + " (B alone)"};
-    if (b == nullptr) title = {title.ja + "(A のみ)", title.en + " (A alone)"};
+FilledWords StoryTitle(const StoryRead& story, Words alone) {
+    const std::string number = std::to_string(story.number);
+    FilledWords title{number + "階", "story " + number};
+    title.ja += alone.ja;
+    title.en += alone.en;
     return title;
+}
+
+FilledWords TitleOf(const StoryRead* a, const StoryRead* b) {
+    if (a != nullptr && b != nullptr) return StoryTitle(*b, {"", ""});
+    if (b != nullptr) return StoryTitle(*b, {"(B のみ)", " (B alone)"});
+    if (a != nullptr) return StoryTitle(*a, {"(A のみ)", " (A alone)"});
+    return {};
 }
 
 }  // namespace

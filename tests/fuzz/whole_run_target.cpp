@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <iterator>
 #include <string>
@@ -62,8 +63,8 @@ void CloseLeftOpen(const std::string& path) {
 
 // An exception in the last step leaves the results open.
 bool LeavesResultsOpen(const std::vector<StatusText>& lines) {
-    const auto saving = std::find(lines.begin(), lines.end(), StatusText::kSavingOutput);
-    return saving != lines.end() && *(saving + 1) == StatusText::kExceptionThrown;
+    constexpr std::array kLines{StatusText::kSavingOutput, StatusText::kExceptionThrown};
+    return !std::ranges::search(lines, kLines).empty();
 }
 
 Reports Run(HostQueries& host, const TestFolder& folder) {
