@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """check_print.py QUARNEL_CLI EXAMPLES: calculation sheets as a real browser prints them.
 
-A headless Chromium prints the sheet of each example in each language to A4, with a log of
-everything that it asks the network for. Looked at is what came out: the paper, the number of pages,
-that all text lies between the margins, that there is Japanese text, and that the page asked nobody
-for anything.
+A headless Chromium prints the sheet of each example in each language to A4, and of towers of 3, 5,
+9 and 30 stories, with a log of everything that it asks the network for. Looked at is what came out:
+the paper, the number of pages, that all text lies between the margins, that no row of a table is
+split by a page's end, that there is Japanese text, and that the page asked nobody for anything.
 """
 
 import json
@@ -15,6 +15,8 @@ import sys
 import tempfile
 from pathlib import Path
 
+from tower import INPUT, tower
+
 BROWSERS_OWN = re.compile(r"https?://[\w.-]*\.(google|googleapis|gvt1)\.com/")  # updates, its clock
 BROWSERS = ("chromium", "chromium-browser", "google-chrome")
 POINTS_PER_MM = 72 / 25.4
@@ -24,6 +26,12 @@ TITLE_WORD_POINTS = 24.8
 FLOORS_THAT_ARE_NONE = ("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n"
                         "FloorLevel,0,5000,6000,6500,8600,12200,15800,19400,\nFIN\n")
 MOST_BODY_PAGES = 7  # of a building of up to eight stories
+# Pages of towers before the appendix. Up to eight stories: summary and stories share a page; a page
+# for each check; one for the method and the input. Six plans fill a page; remarks follow on the
+# last one or, with five stories, on the next. Nine stories need a page for stories alone; thirty
+# need two, three for the angles, and two for ratios and moduli each.
+TOWER_PAGES = {3: 1 + 3 + 1 + 1, 5: 1 + 3 + 1 + 1 + 1, 9: 2 + 3 + 2 + 1, 30: 3 + 3 + 2 + 2 + 5 + 1}
+APPENDIX_PAGES_A_STORY = 0.9  # half for its members, a quarter for the results, and what stays empty
 TOLERANCE_MM = 0.4
 WORD = re.compile(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">(.*?)<')
 
@@ -82,12 +90,47 @@ def body_pages(printed, pages):
     return pages
 
 
+def with_marked_rows(html):
+    """The page with two texts in every row of a table that nobody sees: one at the row's top, one
+    at its bottom."""
+    rows = 0
+
+    def mark(match):
+        nonlocal rows
+        rows += 1
+        marks = "".join(
+            f'<span style="position:absolute;left:0;{side}:0;font-size:1px;line-height:1px;'
+            f'color:transparent">{name}{rows}{name}</span>'
+            for side, name in (("top", "ttt"), ("bottom", "bbb")))
+        row, cell = match.groups()
+        return f'{row}<{cell} style="position:relative">{marks}'
+
+    # The style sheet has no rows.
+    marked = re.sub(r"(<tr[^>]*>)<(t[dh][^>]*)>", mark, html)
+    return marked, rows
+
+
+def split_rows(printed, rows):
+    """Rows whose two marks lie on different pages, or that were not printed."""
+    pages = {}
+    for number, page in enumerate(run("pdftotext", "-bbox", printed, "-").split("<page ")[1:], 1):
+        for side, row in re.findall(r"(ttt|bbb)(\d+)\1", page):
+            pages.setdefault(int(row), {}).setdefault(side, set()).add(number)
+    for row in range(1, rows + 1):
+        marks = pages.get(row, {})
+        # The head of a table that goes on is printed on each of its pages.
+        if not marks or marks.get("ttt") != marks.get("bbb"):
+            yield f"row {row} of the page is split, or not printed: {marks}"
+
+
 def check(cli, browser, model, input_text, language, folder):
-    copy, input_file = folder / model.name, folder / "input.csv"
-    shutil.copy(model, copy)
+    copy, input_file = folder / "tower.qhm", folder / "input.csv"
+    copy.write_text(model, encoding="utf-8")
     input_file.write_text(input_text, encoding="utf-8")
     page, figures = folder / "sheet.html", folder / "figures.json"
     run(cli, "sheet", copy, input_file, page, "--lang", language, "--json", figures)
+    marked, rows = with_marked_rows(page.read_text(encoding="utf-8"))
+    page.write_text(marked, encoding="utf-8")
     printed, asked = print_page(browser, page, folder)
     if not printed.exists():
         yield "the browser printed nothing"
@@ -95,18 +138,35 @@ def check(cli, browser, model, input_text, language, folder):
     pages, paper = pages_of(printed)
     stories = len(json.loads(figures.read_text(encoding="utf-8"))["stories"])
     body = body_pages(printed, pages)
-    print(f"{model.name} {language}: {pages} pages, {body} before the appendix")
+    print(f"{language}: {stories} stories, {pages} pages, {body} before the appendix, {rows} rows")
     if any(abs(is_ - should) > 1.5 for is_, should in zip(paper, (595.28, 841.89))):
         yield f"the paper is {paper}"
     if language == "both" and abs((width_of_title(printed) or 0) - TITLE_WORD_POINTS) > 0.5:
         yield f"the page was shrunk, for something is too wide: {width_of_title(printed)}"
     if stories <= 8 and body > MOST_BODY_PAGES and input_text != FLOORS_THAT_ARE_NONE:
         yield f"{body} pages before the appendix"
+    if input_text == INPUT and body != TOWER_PAGES[stories]:
+        yield f"{body} pages before the appendix, not {TOWER_PAGES[stories]}"
+    if input_text == INPUT and pages - body > 1 + APPENDIX_PAGES_A_STORY * stories:
+        yield f"{pages - body} pages of appendix"
     if asked:
         yield f"the browser asked for {asked}"
     if "判定" not in run("pdftotext", printed, "-") and language != "en":
         yield "no Japanese text was printed"
     yield from problems_of_pages(printed)
+    yield from split_rows(printed, rows)
+
+
+def cases(examples):
+    """Name, model file, input file and language of each sheet."""
+    for model in sorted(examples.glob("*.qhm")):
+        for language in ("both", "ja", "en") if model.stem.startswith("five") else ("both",):
+            yield (model.name, model.read_text(encoding="utf-8"),
+                   model.with_suffix(".csv").read_text(encoding="utf-8"), language)
+    office = (examples / "five_story_office_z_up.qhm").read_text(encoding="utf-8")
+    yield "floors that are none", office, FLOORS_THAT_ARE_NONE, "both"
+    for stories, language in ((3, "ja"), (5, "en"), (9, "both"), (30, "both")):
+        yield f"tower of {stories}", tower(stories), INPUT, language
 
 
 def main():
@@ -116,12 +176,9 @@ def main():
         print("there is no Chromium: install Debian's chromium, or start ./test, which does")
         return 1
     problems = []
-    cases = [(model, model.with_suffix(".csv").read_text(encoding="utf-8"), language)
-             for model in sorted(examples.glob("*.qhm")) for language in ("both", "ja", "en")]
-    cases.append((examples / "five_story_office_z_up.qhm", FLOORS_THAT_ARE_NONE, "both"))
-    for model, input_text, language in cases:
+    for name, model, input_text, language in cases(examples):
         with tempfile.TemporaryDirectory() as folder:
-            problems += [f"{model.name} {language}: {problem}" for problem in
+            problems += [f"{name} {language}: {problem}" for problem in
                          check(cli, browser, model, input_text, language, Path(folder))]
     print("\n".join(problems[:40]))
     return 1 if problems else 0
