@@ -65,8 +65,8 @@ std::string TorsionUnit(int exponent) {
 }
 
 std::string EccentricityTable(const Sheet& sheet, NoteList& notes) {
-    Table table("T5", {}, {12, 14, 17.5, 17.5, 15, 16.5, 19.5, 15, 14, 16, 21},
-                Concat({"moduli", KeptTogether(sheet.StoryCount())}));
+    Table table("T5", Text("S5"), {12, 14, 17.5, 17.5, 15, 16.5, 19.5, 15, 14, 16, 21},
+                Concat({"quiet moduli", KeptTogether(sheet.StoryCount())}));
     const auto& stories = sheet.findings.stories;
     const int exponent = TorsionExponent(stories);
     table.HeadRow({{Text("story")},

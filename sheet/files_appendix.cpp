@@ -24,7 +24,7 @@ void FilesAppendix(const Sheet& sheet, std::string& html) {
     const SheetContent& content = sheet.content;
     html += OpenTag("section", {{"id", "A3"}, {"class", "follows"}});
     html += Heading("A3", Text("A3"));
-    Table table("A3", {}, {34, 144}, "files text");
+    Table table("A3", Text("A3"), {34, 144}, "quiet files text");
     const auto row = [&table](Words label, const std::string& cell) {
         table.Row(RowHead(InBoth(label)) + cell);
     };

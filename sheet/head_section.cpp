@@ -112,7 +112,7 @@ std::string ToBeWritten(const std::string& text) {
 void HeadSection(const Sheet& sheet, std::string& html) {
     const SheetContent& content = sheet.content;
     html += "<header>\n<h1>" + InBoth(Text("title")) + "</h1>\n";
-    Table table("head", {}, {34, 144}, "head text");
+    Table table("head", Text("title"), {34, 144}, "quiet head text");
     const auto row = [&table](Words label, const std::string& cell) {
         table.Row(RowHead(InBoth(label)) + cell);
     };

@@ -52,7 +52,7 @@ bool IsWrong(const std::vector<InputLineNote>& notes, std::size_t line) {
 }
 
 std::string LinesTable(const InputAsRead& input) {
-    Table table("S9", {}, {9, 79, 90}, "input text");
+    Table table("S9", Text("S9"), {9, 79, 90}, "quiet input text");
     table.HeadRow({{Text("line number")}, {Text("line of the input")}, {Text("what was taken")}});
     const std::size_t shown = std::min(input.lines.size(), kMostLinesShown);
     for (std::size_t i = 0; i < shown; ++i)

@@ -67,7 +67,8 @@ std::string RatioTable(const Sheet& sheet, NoteList& notes) {
     std::vector<double> widths{12, 15};
     for (int i = 0; i < 2; ++i)
         widths.insert(widths.end(), {13, 13.5, 12, 19, 13, 13});
-    Table table("T4", {}, widths, Concat({"ratios", KeptTogether(sheet.StoryCount())}));
+    Table table("T4", Text("S4"), widths,
+                Concat({"quiet ratios", KeptTogether(sheet.StoryCount())}));
     std::vector<FilledWords> names;
     for (const std::size_t axis : {kX, kZ})
         names.push_back(

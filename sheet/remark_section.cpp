@@ -108,7 +108,7 @@ void RemarkSection(const Sheet& sheet, std::string& html) {
         html += SmallPrint(Text("no remarks")) + "</section>\n";
         return;
     }
-    Table table("S7", {}, {12, 15, 30, 75, 46}, "remarks text");
+    Table table("S7", Text("S7"), {12, 15, 30, 75, 46}, "quiet remarks text");
     table.HeadRow({{Text("number")},
                    {Text("kind")},
                    {Text("where")},

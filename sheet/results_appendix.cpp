@@ -62,7 +62,7 @@ void ResultsAppendix(const Sheet& sheet, std::string& html) {
         return;
     }
     html += SmallPrint(Text("order of the results file"));
-    Table table("A2", {}, {13, 14, 83, 26, 24, 18}, "dense");
+    Table table("A2", Text("A2"), {13, 14, 83, 26, 24, 18}, "quiet dense");
     table.HeadRow({{Text("story")},
                    {Text("direction")},
                    {Text("section and row")},

@@ -218,7 +218,8 @@ std::string Relief(const Sheet& sheet) {
 }
 
 std::string SummaryTable(const Sheet& sheet, NoteList& notes) {
-    Table table("T1", {}, {37, 14.5, 20, 10, 13, 15.5, 16, 20, 10, 13, 15.5, 16}, "short");
+    Table table("T1", Text("S1"), {37, 14.5, 20, 10, 13, 15.5, 16, 20, 10, 13, 15.5, 16},
+                "quiet short");
     std::vector<HeadCell> groups{{Text("check"), {}, 1, 2}, {Text("rule"), {}, 1, 2}};
     std::vector<FilledWords> names;
     for (const std::size_t axis : {kX, kZ})

@@ -100,7 +100,9 @@ Svg::Svg(double width, double height, Words title, Words description)
     const auto both = [](Words words) {
         return HtmlText(std::string(words.ja) + " / " + std::string(words.en), 2000);
     };
-    head_ += "<title>" + both(title) + "</title><desc>" + both(description) + "</desc>\n";
+    head_ += "<title>" + both(title) + "</title>";
+    if (!description.ja.empty()) head_ += "<desc>" + both(description) + "</desc>";
+    head_ += '\n';
 }
 
 void Svg::Line(Point from, Point to, const Stroke& stroke) {

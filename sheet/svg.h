@@ -46,7 +46,8 @@ struct TextStyle {
 /// A drawing. What is drawn later lies above.
 class Svg {
 public:
-    /// `title` and `description` are for readers who do not see it.
+    /// `title` and `description` are for readers who do not see it. A sample that stands beside
+    /// what it means has no description.
     Svg(double width, double height, Words title, Words description);
 
     double Width() const { return width_; }

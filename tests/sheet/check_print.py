@@ -27,10 +27,10 @@ FLOORS_THAT_ARE_NONE = ("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n"
                         "FloorLevel,0,5000,6000,6500,8600,12200,15800,19400,\nFIN\n")
 MOST_BODY_PAGES = 7  # of a building of up to eight stories
 # Pages of towers before the appendix. Up to eight stories: summary and stories share a page; a page
-# for each check; one for the method and the input. Six plans fill a page; remarks follow on the
-# last one or, with five stories, on the next. Nine stories need a page for stories alone; thirty
-# need two, three for the angles, and two for ratios and moduli each.
-TOWER_PAGES = {3: 1 + 3 + 1 + 1, 5: 1 + 3 + 1 + 1 + 1, 9: 2 + 3 + 2 + 1, 30: 3 + 3 + 2 + 2 + 5 + 1}
+# for each check, two with thirty stories; one for the method and the input. Six plans fill a page;
+# remarks follow on their last one, or on the next where that is full. Nine stories have a page to
+# themselves, thirty have two.
+TOWER_PAGES = {3: 1 + 3 + 1 + 1, 5: 1 + 3 + 1 + 1 + 1, 9: 2 + 3 + 2 + 1, 30: 3 + 6 + 5 + 1 + 1}
 APPENDIX_PAGES_A_STORY = 0.9  # half for its members, a quarter for the results, and what stays empty
 TOLERANCE_MM = 0.4
 WORD = re.compile(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">(.*?)<')
