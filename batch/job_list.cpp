@@ -120,7 +120,7 @@ private:
     // As seen from the list's folder.
     std::string PathOf(const std::string& text) const {
         if (text.empty()) return {};
-        const std::string narrow = NarrowOfUtf8(text);
+        std::string narrow = NarrowOfUtf8(text);
         if (NativePath(narrow).is_absolute()) return narrow;
         return path_.substr(0, path_.find_last_of(kPathSeparators) + 1) + narrow;
     }

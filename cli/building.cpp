@@ -15,8 +15,9 @@ namespace {
 BuildingRead ReadRecording(const std::string& path) {
     try {
         QhmContents contents = ReadQhmFileWithCautions(path);
+        const std::string place = path + ": ";
         for (const std::string& caution : contents.cautions)
-            TellCaution(path + ": " + caution);
+            TellCaution(place + caution);
         return {std::move(contents.model), kExitComplete};
     } catch (const QhmFileError& error) {
         TellError(error.what());

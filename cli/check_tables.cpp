@@ -19,9 +19,9 @@ struct Place {
 };
 
 struct CheckTable {
-    const char* title;
+    const char* title = "";
     Row headings;
-    Row (*row)(const Place& place);
+    Row (*row)(const Place& place) = nullptr;
 };
 
 // "n/a (no story members)".

@@ -14,17 +14,17 @@ namespace {
 
 // One check of the page: which figure, how it is written, and against what.
 struct PageCheck {
-    const char* key;
+    const char* key = "";
     Words title;
-    FigureRead (*figure)(const DirectionRead&);
-    std::string (*text)(const StoryRead&, const DirectionRead&);
-    CodeVerdict (*code)(const DirectionRead&);
-    std::optional<ToolVerdict> (*tool)(const DirectionRead&);
-    double limit;
-    const char* limitText;
+    FigureRead (*figure)(const DirectionRead&) = nullptr;
+    std::string (*text)(const StoryRead&, const DirectionRead&) = nullptr;
+    CodeVerdict (*code)(const DirectionRead&) = nullptr;
+    std::optional<ToolVerdict> (*tool)(const DirectionRead&) = nullptr;
+    double limit = 0.0;
+    const char* limitText = "";
 };
 
-const PageCheck kChecks[] = {
+constexpr PageCheck kChecks[] = {
     {"angle",
      {"層間変形角", "Story deformation angle"},
      [](const DirectionRead& d) { return d.angle; },

@@ -19,7 +19,7 @@ UnitFactor operator*(const UnitFactor& a, const UnitFactor& b);
 
 /// A unit of the tables.
 struct TableUnit {
-    const char* name;
+    const char* name = "";
     UnitFactor toMetric;   ///< to m or kN
     UnitFactor toEnglish;  ///< to inch; to kip for kip itself
     bool isEnglish = false;
