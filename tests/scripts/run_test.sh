@@ -28,28 +28,28 @@ make_project() {
 
 run() { PATH="$project/tools:$PATH" "$project/run" "$@" | sed '1,/^$/d'; }
 
-expect_check() {  # expect_check FOLDER MODEL INPUT OUTPUT
+expect_command() {  # expect_command FOLDER COMMAND MODEL INPUT OUTPUT
     local expected
-    expected=$(printf 'in %s:\ncheck\n%s\n%s' "$1" "$2" "$3")
-    [ "$4" = "$expected" ] || fail "the command line got $4 instead of $expected"
+    expected=$(printf 'in %s:\n%s\n%s\n%s' "$1" "$2" "$3" "$4")
+    [ "$5" = "$expected" ] || fail "the command line got $5 instead of $expected"
 }
 
 # --- Cases -----------------------------------------------------------------------------------
 
 TakesPathsFromTheCallersFolder() {
     cd "$elsewhere" || exit 1
-    expect_check "$elsewhere" tower.qhm ../tower.csv "$(run tower.qhm ../tower.csv)"
+    expect_command "$elsewhere" check tower.qhm ../tower.csv "$(run tower.qhm ../tower.csv)"
 }
 
 TakesPathsWithBlanks() {
     cd "$elsewhere" || exit 1
-    expect_check "$elsewhere" "my tower.qhm" "my tower.csv" "$(run "my tower.qhm" "my tower.csv")"
+    expect_command "$elsewhere" check "my tower.qhm" "my tower.csv" "$(run "my tower.qhm" "my tower.csv")"
 }
 
-ChecksTheExampleFromAnyFolder() {
+MakesTheSheetOfTheExampleFromAnyFolder() {
     cd "$elsewhere" || exit 1
-    expect_check "$project" examples/five_story_office_z_up.qhm examples/five_story_office_z_up.csv \
-        "$(run)"
+    expect_command "$project" sheet examples/five_story_office_z_up.qhm \
+        examples/five_story_office_z_up.csv "$(run)"
 }
 
 # -------------------------------------------------------------------------------------------------
