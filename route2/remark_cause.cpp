@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
+void RemarkCause::AddStory(int story) {
+    if (std::ranges::find(stories_, story) == stories_.end()) stories_.push_back(story);
+}
+
 void RemarkCause::Add(int story, BothLanguages description) {
-    if (story != 0 && std::ranges::find(stories_, story) == stories_.end())
-        stories_.push_back(story);
+    if (story != 0) AddStory(story);
     if (!description.en.empty()) places_.push_back(std::move(description));
 }
 
@@ -41,9 +44,29 @@ BothLanguages StoryName(int story) {
     return {"story " + number, number + "階"};
 }
 
+BothLanguages StoriesName(const std::vector<int>& stories) {
+    if (stories.size() == 1) return StoryName(stories.front());
+    std::vector<BothLanguages> runs;
+    for (std::size_t i = 0; i < stories.size();) {
+        std::size_t last = i;
+        while (last + 1 < stories.size() && stories[last + 1] == stories[last] + 1)
+            ++last;
+        const std::string from = std::to_string(stories[i]), to = std::to_string(stories[last]);
+        runs.push_back(last == i ? BothLanguages{from, from}
+                                 : BothLanguages{from + " to " + to, from + "〜" + to});
+        i = last + 1;
+    }
+    return BothLanguages{"stories ", ""} + Listed(runs) + BothLanguages{"", "階"};
+}
+
 BothLanguages DirectionName(const Findings& findings, int story, std::size_t axis) {
+    return DirectionName(findings, std::vector<int>{story}, axis);
+}
+
+BothLanguages DirectionName(const Findings& findings, const std::vector<int>& stories,
+                            std::size_t axis) {
     const std::string axisName(1, axis == kX ? 'X' : findings.SecondDirection());
-    return StoryName(story) + BothLanguages{" " + axisName, " " + axisName + "方向"};
+    return StoriesName(stories) + BothLanguages{" " + axisName, " " + axisName + "方向"};
 }
 
 BothLanguages operator+(BothLanguages one, const std::string& same) {

@@ -15,6 +15,7 @@ public:
 
     /// A place, described for the list of places; story 0 for one that is about no story.
     void Add(int story, BothLanguages description);
+    void AddStory(int story);
     void AddMember(std::int32_t member);
     void MakeError() { kind_ = RemarkKind::kError; }
 
@@ -39,8 +40,15 @@ private:
 /// "story 3", "3階".
 BothLanguages StoryName(int story);
 
+/// "stories 1, 3 to 5", "1、3〜5階". `stories` ascend.
+BothLanguages StoriesName(const std::vector<int>& stories);
+
 /// "story 3 X", "3階 X方向".
 BothLanguages DirectionName(const Findings& findings, int story, std::size_t axis);
+
+/// "stories 1 to 8 X", "1〜8階 X方向".
+BothLanguages DirectionName(const Findings& findings, const std::vector<int>& stories,
+                            std::size_t axis);
 
 /// `one` followed by a text that is the same in both languages, or by one for each.
 BothLanguages operator+(BothLanguages one, const std::string& same);

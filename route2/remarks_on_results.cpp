@@ -1,6 +1,7 @@
 // Remarks on the checks' results: what was not calculated, centres outside the plan, floors that
 // are not rigid, ratios that hang on a definition.
 
+#include <algorithm>
 #include <cmath>
 
 #include "route2/floor_shape.h"
@@ -13,28 +14,47 @@ constexpr double kBesidePlan = 1.0;        // mm
 constexpr double kRigidFloorShare = 0.05;  // of the mean drift
 constexpr double kNoMotion = 0.01;         // mm
 
-// One check that has no verdict in a story and direction.
+// A check that has no verdict in a direction, for one reason in some stories.
 struct Undetermined {
+    std::size_t axis = kX;
     BothLanguages check;
-    std::optional<WhyUndetermined> why;
+    WhyUndetermined why{};
+    std::vector<int> stories;
 };
 
-void OnUndetermined(const Findings& findings, std::vector<Remark>& remarks) {
-    RemarkCause cause("R19", RemarkKind::kError);
+// By direction, check and reason, in the order in which they are met.
+std::vector<Undetermined> AllUndetermined(const Findings& findings) {
+    std::vector<Undetermined> all;
+    const auto add = [&all](int story, std::size_t axis, const BothLanguages& check,
+                            const std::optional<WhyUndetermined>& why) {
+        if (!why) return;
+        const auto known = std::ranges::find_if(all, [&](const Undetermined& one) {
+            return one.axis == axis && one.check.en == check.en && one.why == *why;
+        });
+        if (known == all.end())
+            all.push_back({axis, check, *why, {story}});
+        else
+            known->stories.push_back(story);
+    };
     for (const StoryFindings& story : findings.stories)
         for (const std::size_t axis : {kX, kZ}) {
             const DirectionFindings& direction = story.directions[axis];
-            const Undetermined checks[] = {
-                {{"deformation angle", "層間変形角"}, direction.worstUpright.why},
-                {{"stiffness ratio", "剛性率"}, direction.stiffnessRatioWhy},
-                {{"eccentricity modulus", "偏心率"}, direction.eccentricityWhy}};
-            for (const auto& [check, why] : checks) {
-                if (!why) continue;
-                cause.Add(story.number, DirectionName(findings, story.number, axis) +
-                                            BothLanguages{" ", " "} + check +
-                                            BothLanguages{" (", "("} + ReasonOf(*why) + ")");
-            }
+            add(story.number, axis, {"deformation angle", "層間変形角"},
+                direction.worstUpright.why);
+            add(story.number, axis, {"stiffness ratio", "剛性率"}, direction.stiffnessRatioWhy);
+            add(story.number, axis, {"eccentricity modulus", "偏心率"}, direction.eccentricityWhy);
         }
+    return all;
+}
+
+void OnUndetermined(const Findings& findings, std::vector<Remark>& remarks) {
+    RemarkCause cause("R19", RemarkKind::kError);
+    for (const Undetermined& one : AllUndetermined(findings)) {
+        for (const int story : one.stories)
+            cause.AddStory(story);
+        cause.Add(0, DirectionName(findings, one.stories, one.axis) + BothLanguages{" ", " "} +
+                         one.check + BothLanguages{" (", "("} + ReasonOf(one.why) + ")");
+    }
     cause.AppendTo(remarks);
 }
 

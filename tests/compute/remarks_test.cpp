@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+#include "route2/remark_cause.h"
 #include "route2/remark_texts.h"
 #include "route2/remarks.h"
 #include "tests/support/run_findings.h"
@@ -238,6 +239,19 @@ TEST_F(Remarks, SayWhatWasNotCalculatedAndWhy) {
     EXPECT_THAT(Find(findings, "R19").en,
                 HasSubstr("story 1 X eccentricity modulus (both directions have the same case)"));
     EXPECT_EQ(RemarkKind::kError, Find(findings, "R19").kind);
+}
+
+TEST(RemarksOnTwoStories, SayOnceWhatWasNotCalculatedInBoth) {
+    FakeHost twoStories;
+    BuildTwoStories(twoStories);
+    const Findings findings = FindingsOf(twoStories, "EarthquakeLoadCaseNumber,2,2,\nFIN\n");
+    EXPECT_THAT(Find(findings, "R19").stories, ElementsAre(1, 2));
+    EXPECT_EQ(
+        "Not calculated: stories 1 to 2 X eccentricity modulus (both directions have the same "
+        "case), stories 1 to 2 Z stiffness ratio (the mean drift is 0), stories 1 to 2 Z "
+        "eccentricity modulus (both directions have the same case). The 0 (PASS) of the results "
+        "file is a fallback.",
+        Find(findings, "R19").en);
 }
 
 // Node 14 goes 10 mm in X and the others 7: the plane through them leaves 0.75 mm, 9.7 % of 7.75.
@@ -475,6 +489,13 @@ TEST(RemarkList, NamesTwelveAndCountsTheRest) {
     std::vector<BothLanguages> items(14, {"a", "b"});
     EXPECT_THAT(Listed(items).en, testing::EndsWith("a, a and 2 more"));
     EXPECT_THAT(Listed(items).ja, testing::EndsWith("b、b ほか 2 件"));
+}
+
+TEST(RemarkPlaces, JoinStoriesThatFollowEachOther) {
+    EXPECT_EQ("story 3", StoriesName({3}).en);
+    EXPECT_EQ("3階", StoriesName({3}).ja);
+    EXPECT_EQ("stories 1, 3 to 5, 8", StoriesName({1, 3, 4, 5, 8}).en);
+    EXPECT_EQ("1、3〜5、8階", StoriesName({1, 3, 4, 5, 8}).ja);
 }
 
 TEST(RemarkNumbers, RoundHalvesAwayFromZeroAndKnowNoMinusZero) {
