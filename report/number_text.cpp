@@ -26,9 +26,9 @@ double PowerOfTen(int exponent) {
 // The exact decimal digits of an amount, rounded to nearest; a tie goes to the even digit.
 std::string FixedDigits(double amount, int decimals) {
     std::array<char, 400> buffer{};  // the largest double has 309 digits before its point
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), amount,
-                                   std::chars_format::fixed, decimals)
-                         .ptr;
+    char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), amount,
+                                    std::chars_format::fixed, decimals)
+                          .ptr;
     return {buffer.data(), end};
 }
 
@@ -271,17 +271,17 @@ AngleBesideLimit AngleBesideLimitText(const WorstUprightMember& worst, double he
 std::string ResultsNumberText(const std::optional<double>& number, const NumberStyle& style) {
     if (!number) return std::string(style.notFormed);
     std::array<char, 40> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), Printable(*number),
-                                   std::chars_format::scientific, 5)
-                         .ptr;
+    char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                    Printable(*number), std::chars_format::scientific, 5)
+                          .ptr;
     return {buffer.data(), end};
 }
 
 std::string InputValueText(double value, const NumberStyle& style) {
     std::array<char, 400> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
-                                   std::chars_format::fixed)
-                         .ptr;
+    char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
+                                    std::chars_format::fixed)
+                          .ptr;
     return WithSign(value < 0.0, {buffer.data(), end}, style);
 }
 

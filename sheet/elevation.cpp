@@ -220,8 +220,11 @@ private:
         std::vector<std::pair<Point, Point>> hatch;
         const double y = lowest + 1.7;
         const double left = ground.low - 2.5, right = ground.high + 2.5;
-        for (double x = left + 0.8; x <= right; x += 1.6)
+        const auto strokes = static_cast<int>((right - left - 0.8) / 1.6) + 1;
+        for (int i = 0; i < strokes; ++i) {
+            const double x = left + 0.8 + 1.6 * i;
             hatch.push_back({{x, y}, {x - 0.8, y + 1.0}});
+        }
         svg_.Line({left, y}, {right, y}, {kBlack, 0.2});
         svg_.Lines(hatch, {kBlack, 0.15});
     }

@@ -55,8 +55,8 @@ constexpr std::array<bool, 256> kIsPlain = [] {
     std::array<bool, 256> isPlain{};
     for (std::size_t byte = ' '; byte <= '~'; ++byte)
         isPlain[byte] = true;
-    for (const char byte : {'&', '<', '>', '"', '\''})
-        isPlain[static_cast<std::size_t>(byte)] = false;
+    for (const unsigned char byte : {'&', '<', '>', '"', '\''})
+        isPlain[byte] = false;
     return isPlain;
 }();
 

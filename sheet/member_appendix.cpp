@@ -64,6 +64,7 @@ std::vector<const MemberFindings*> Choose(std::vector<const MemberFindings*> mem
 
 std::vector<const MemberFindings*> Pointers(const std::vector<MemberFindings>& members) {
     std::vector<const MemberFindings*> pointers;
+    pointers.reserve(members.size());
     for (const MemberFindings& member : members)
         pointers.push_back(&member);
     return pointers;
