@@ -124,8 +124,8 @@ def in_japanese(path):
     path = pathlib.PurePosixPath(path)
     if path.name == "README.md" and str(path.parent) == ".":
         return "README.ja.md"
-    if path.suffix == ".svg":
-        other = path.with_suffix(".ja.svg")
+    if path.suffix in (".svg", ".png"):
+        other = path.with_suffix(".ja" + path.suffix)
     else:
         other = path.parent / "ja" / path.name
     return str(other if (ROOT / other).exists() else path)
