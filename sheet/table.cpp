@@ -27,7 +27,7 @@ void AppendAttribute(std::string& html, std::string_view name, std::string_view 
 
 void AppendNumber(std::string& html, std::string_view name, std::int32_t value) {
     std::array<char, 16> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     AppendAttribute(html, name, {digits.data(), end});
 }
 
