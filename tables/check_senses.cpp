@@ -198,6 +198,7 @@ std::string ReadingThatFits(const CheckSubject& subject) {
 
 std::string NamesOf(const CheckSubject& subject, const std::vector<std::size_t>& bars) {
     std::vector<std::string> names;
+    names.reserve(bars.size());
     for (const std::size_t bar : bars)
         names.push_back(subject.building.Tables().members.BarName(bar));
     return ListText(names);
@@ -205,6 +206,7 @@ std::string NamesOf(const CheckSubject& subject, const std::vector<std::size_t>&
 
 std::string NamesOf(const CheckSubject& subject, const std::vector<CarryingMember>& members) {
     std::vector<std::size_t> bars;
+    bars.reserve(members.size());
     for (const CarryingMember& member : members)
         bars.push_back(member.bar);
     return NamesOf(subject, bars);
@@ -293,10 +295,10 @@ public:
         : subject_(subject),
           findings_(findings),
           statement_(subject.building.Tables().statement),
-          forces_(subject, {statement_.endForceSense, false}) {
+          forces_(subject, {statement_.endForceSense, false}),
+          isDeadLoaded_(subject.roles.dead && subject.building.IsLoaded(*subject.roles.dead)) {
         for (const std::int32_t loadCase : subject.roles.earthquake)
             if (subject.building.IsLoaded(loadCase)) loadedEarthquakes_.push_back(loadCase);
-        isDeadLoaded_ = subject.roles.dead && subject.building.IsLoaded(*subject.roles.dead);
     }
 
     void Check() {

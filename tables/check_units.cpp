@@ -125,7 +125,8 @@ struct OtherUnits {
     const TableUnit* force = nullptr;
 
     int Count() const {
-        return (length != nullptr) + (displacement != nullptr) + (force != nullptr);
+        return (length != nullptr ? 1 : 0) + (displacement != nullptr ? 1 : 0) +
+               (force != nullptr ? 1 : 0);
     }
 };
 
@@ -171,6 +172,7 @@ std::vector<OtherUnits> UnitsThatFit(const ModelStatement& statement, const Size
             }
     std::ranges::stable_sort(fitting, {}, [](const auto& entry) { return entry.first; });
     std::vector<OtherUnits> units;
+    units.reserve(fitting.size());
     for (const auto& entry : fitting)
         units.push_back(entry.second);
     return units;

@@ -146,7 +146,7 @@ void CsvRows::ChooseSeparator(std::string_view heading) {
         const std::size_t i = kSeparators.find(byte);
         if (!isQuoted && i != std::string_view::npos) ++counts[i];
     }
-    const auto most = std::max_element(std::begin(counts), std::end(counts));
+    auto* const most = std::max_element(std::begin(counts), std::end(counts));
     separator_ = kSeparators[static_cast<std::size_t>(most - std::begin(counts))];
 }
 

@@ -124,8 +124,8 @@ private:
     void CountUnknownCases() {
         std::set<std::int32_t> answered;
         for (const AnswerTable* table :
-             {&model_.displacements, &model_.endForces[0], &model_.endForces[1],
-              &model_.endForcesGlobal[0], &model_.endForcesGlobal[1]})
+             {&model_.displacements, &model_.endForces.front(), &model_.endForces.back(),
+              &model_.endForcesGlobal.front(), &model_.endForcesGlobal.back()})
             for (const std::int32_t loadCase : table->LoadCases())
                 answered.insert(loadCase);
         for (const std::int32_t loadCase : cases_)
@@ -286,7 +286,7 @@ private:
         add(unknownCases_, "load cases that have answers and are none of the model's are left out");
         add(model_.members.size() - members_.size(),
             "members that the model does not list are left out");
-        add(nodeNames_.AreLost() + memberNames_.AreLost(),
+        add((nodeNames_.AreLost() ? 1 : 0) + (memberNames_.AreLost() ? 1 : 0),
             "tables with numbers in place of names, which would be given other numbers when "
             "imported");
         return cautions;
