@@ -14,7 +14,7 @@ std::vector<std::int32_t> NeededCases(const BuildingTables& tables,
         if (input->dead) needed.insert(*input->dead);
     } else {
         for (const AnswerTable* table :
-             {&tables.displacements, &tables.endForces[0], &tables.endForces[1]})
+             {&tables.displacements, &tables.endForces.front(), &tables.endForces.back()})
             for (const std::int32_t loadCase : table->LoadCases())
                 needed.insert(loadCase);
     }

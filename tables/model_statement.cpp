@@ -89,7 +89,7 @@ private:
 
     // A misspelt key that is not required would otherwise pass unseen.
     void CautionAbout(const std::string& name, std::size_t column) {
-        const auto meant = std::ranges::find_if(
+        const decltype(kKeys)::const_iterator meant = std::ranges::find_if(
             kKeys, [&name](const char* key) { return IsSameButForCapitals(key, name); });
         cautions_.push_back(TextOf(TableName::kModel, table_.PlaceOf(column)) + ": unknown key " +
                             Quoted(name) + " is passed over" +
@@ -126,6 +126,7 @@ private:
     static std::vector<const char*> NamesOf(
         const std::array<std::pair<const char*, Value>, count>& values) {
         std::vector<const char*> names;
+        names.reserve(count);
         for (const auto& value : values)
             names.push_back(value.first);
         return names;
