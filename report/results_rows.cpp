@@ -36,14 +36,12 @@ public:
         for (const StoryFindings& story : findings_.stories) {
             const DirectionFindings& direction = story.directions[axis];
             AddByLoadCase(ResultsFigure::kMeanAngle, story, axis, direction.results.meanDrift,
-                          direction.results.meanAngle, story.allowableAngle,
-                          direction.toolMeanVerdict);
+                          direction.results.meanAngle, direction.toolMeanVerdict);
         }
         for (const StoryFindings& story : findings_.stories) {
             const DirectionFindings& direction = story.directions[axis];
             AddByLoadCase(ResultsFigure::kMaxAngle, story, axis, direction.results.maxDrift,
-                          direction.results.maxAngle, story.allowableAngle,
-                          direction.toolMax.verdict);
+                          direction.results.maxAngle, direction.toolMax.verdict);
         }
     }
 
@@ -51,8 +49,7 @@ public:
         for (const StoryFindings& story : findings_.stories) {
             const DirectionFindings& direction = story.directions[axis];
             AddByLoadCase(ResultsFigure::kStiffnessRatio, story, axis, direction.results.meanDrift,
-                          direction.results.stiffnessRatio, story.allowableRatio,
-                          direction.stiffnessRatioTool);
+                          direction.results.stiffnessRatio, direction.stiffnessRatioTool);
         }
     }
 
@@ -60,29 +57,20 @@ public:
         for (const StoryFindings& story : findings_.stories) {
             const auto& point = story.*center;
             if (!point) continue;
-            const std::string text =
-                RowText(kCenterRowFormat, story.number, story.lowerLevel, story.upperLevel,
-                        story.height, (*point)[kX], (*point)[kZ]);
             for (const std::size_t axis : {kX, kZ})
-                rows_.push_back({figure, story.number, axis, (*point)[axis], {}, text});
+                rows_.push_back({figure, story.number, axis, (*point)[axis], {}});
         }
     }
 
     void AddModuli() {
         for (const StoryFindings& story : findings_.stories) {
-            const DirectionFindings& x = story.directions[kX];
-            const DirectionFindings& z = story.directions[kZ];
+            const auto& [x, z] = story.directions;
             if (!x.results.eccentricityModulus || !z.results.eccentricityModulus) continue;
-            const std::string text =
-                RowText(kModulusRowFormat, story.number, story.lowerLevel, story.upperLevel,
-                        story.height, *x.results.eccentricityModulus,
-                        *z.results.eccentricityModulus, story.allowableModulus,
-                        VerdictText(x.eccentricityTool), VerdictText(z.eccentricityTool));
             for (const std::size_t axis : {kX, kZ}) {
                 const DirectionFindings& direction = story.directions[axis];
                 rows_.push_back({ResultsFigure::kEccentricityModulus, story.number, axis,
-                                 *direction.results.eccentricityModulus, direction.eccentricityTool,
-                                 text});
+                                 *direction.results.eccentricityModulus,
+                                 direction.eccentricityTool});
             }
         }
     }
@@ -92,18 +80,56 @@ public:
 private:
     void AddByLoadCase(ResultsFigure figure, const StoryFindings& story, std::size_t axis,
                        const std::optional<double>& drift, const std::optional<double>& value,
-                       double allowable, const std::optional<ToolVerdict>& verdict) {
-        if (!drift || !value) return;
-        rows_.push_back({figure, story.number, axis, *value, verdict,
-                         RowText(kLoadCaseRowFormat, story.number,
-                                 static_cast<int>(findings_.loadCases.earthquake[axis]),
-                                 story.lowerLevel, story.upperLevel, story.height, *drift, *value,
-                                 allowable, VerdictText(verdict))});
+                       const std::optional<ToolVerdict>& verdict) {
+        if (drift && value) rows_.push_back({figure, story.number, axis, *value, verdict});
     }
 
     const Findings& findings_;
     std::vector<ResultsRow> rows_;
 };
+
+std::string LoadCaseRowText(const ResultsRow& row, const Findings& findings,
+                            const StoryFindings& story, const std::optional<double>& drift,
+                            double allowable) {
+    return RowText(kLoadCaseRowFormat, story.number,
+                   static_cast<int>(findings.loadCases.earthquake[row.axis]), story.lowerLevel,
+                   story.upperLevel, story.height, drift.value_or(0.0), row.value, allowable,
+                   VerdictText(row.verdict));
+}
+
+std::string CenterRowText(const StoryFindings& story, const PerDirection& center) {
+    return RowText(kCenterRowFormat, story.number, story.lowerLevel, story.upperLevel, story.height,
+                   center[kX], center[kZ]);
+}
+
+std::string ModulusRowText(const StoryFindings& story) {
+    const auto& [x, z] = story.directions;
+    return RowText(kModulusRowFormat, story.number, story.lowerLevel, story.upperLevel,
+                   story.height, x.results.eccentricityModulus.value_or(0.0),
+                   z.results.eccentricityModulus.value_or(0.0), story.allowableModulus,
+                   VerdictText(x.eccentricityTool), VerdictText(z.eccentricityTool));
+}
+
+// The row as it stands in the file, or what it begins with.
+std::string TextOf(const ResultsRow& row, const Findings& findings) {
+    const StoryFindings& story = findings.stories.at(static_cast<std::size_t>(row.story - 1));
+    const ResultsNumbers& results = story.directions[row.axis].results;
+    switch (row.figure) {
+        case ResultsFigure::kMeanAngle:
+            return LoadCaseRowText(row, findings, story, results.meanDrift, story.allowableAngle);
+        case ResultsFigure::kMaxAngle:
+            return LoadCaseRowText(row, findings, story, results.maxDrift, story.allowableAngle);
+        case ResultsFigure::kStiffnessRatio:
+            return LoadCaseRowText(row, findings, story, results.meanDrift, story.allowableRatio);
+        case ResultsFigure::kGravityCenter:
+            return CenterRowText(story, story.gravityCenterOfResults.value_or(PerDirection{}));
+        case ResultsFigure::kRigidityCenter:
+            return CenterRowText(story, story.rigidityCenterOfResults.value_or(PerDirection{}));
+        case ResultsFigure::kEccentricityModulus:
+            return ModulusRowText(story);
+    }
+    return {};
+}
 
 // The section's title, and the block's direction and kind of displacement where it has some, as
 // they stand in the file: "Story deformation angle", "X", "Average".
@@ -175,11 +201,11 @@ public:
     }
 
     // Rows are mostly asked for in their order: each is looked for behind the last one.
-    bool Holds(const ResultsRow& row) {
+    bool Holds(const ResultsRow& row, const std::string& text) {
         Block& block = blocks_[PlaceOf(row)];
         for (std::size_t i = 0; i < block.lines.size(); ++i) {
             const std::size_t k = (block.next + i) % block.lines.size();
-            if (!block.lines[k].starts_with(row.text)) continue;
+            if (!block.lines[k].starts_with(text)) continue;
             block.next = k;
             return true;
         }
@@ -226,7 +252,7 @@ std::vector<NamedRow> RowsMissingIn(const std::string& path, const Findings& fin
     LinesByPlace lines(text);
     std::vector<NamedRow> missing;
     for (const ResultsRow& row : ResultsRowsOf(findings)) {
-        if (lines.Holds(row)) continue;
+        if (lines.Holds(row, TextOf(row, findings))) continue;
         std::string name = NameOf(row, findings);
         // The two coordinates of a centre stand in one row.
         if (missing.empty() || missing.back().name != name)

@@ -25,7 +25,6 @@ struct ResultsRow {
     std::size_t axis = kX;
     double value = 0.0;
     std::optional<ToolVerdict> verdict;
-    std::string text;  ///< the row, or what it begins with
 };
 
 /// The rows of the earthquake cases, of the centres and of the moduli, in the file's order. None of

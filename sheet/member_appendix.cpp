@@ -8,7 +8,6 @@
 #include "report/number_text.h"
 #include "sheet/concat.h"
 #include "sheet/html.h"
-#include "sheet/model_members.h"
 #include "sheet/page_parts.h"
 #include "sheet/sheet_parts.h"
 #include "sheet/table.h"
@@ -85,9 +84,8 @@ Figure PlanDistance(const Findings& findings, const ModelMember* member) {
     return Finite(std::hypot(a.x - b.x, findings.zIsVertical ? a.y - b.y : a.z - b.z));
 }
 
-void AppendKindCell(std::string& cells, const Sheet& sheet, const ModelMembers& model,
-                    const MemberFindings& member) {
-    const Figure distance = PlanDistance(sheet.findings, model.Find(member.number));
+void AppendKindCell(std::string& cells, const Sheet& sheet, const MemberFindings& member) {
+    const Figure distance = PlanDistance(sheet.findings, sheet.model.Find(member.number));
     cells += "<td>";
     cells += member.upright ? "│ " : "╱ ";
     cells += NumberText(distance, kCoordinateFormat);
@@ -123,10 +121,10 @@ void AppendCoordinateCells(std::string& cells, const FigureRow& row, const Membe
     row.AppendCell(cells, "members.v_mm", NumberText(Finite(member.v), kCoordinateFormat));
 }
 
-void AppendMemberCells(std::string& cells, const Sheet& sheet, const ModelMembers& model,
-                       const MemberFindings& member, int story) {
+void AppendMemberCells(std::string& cells, const Sheet& sheet, const MemberFindings& member,
+                       int story) {
     cells += RowHead(IdentifierText(member.number));
-    AppendKindCell(cells, sheet, model, member);
+    AppendKindCell(cells, sheet, member);
     AppendCoordinateCells(cells, FigureRow({{}, story, {}, member.number}), member);
     for (const std::size_t axis : {kX, kZ})
         AppendDirectionCells(cells, member, story, axis);
@@ -140,7 +138,8 @@ std::string SumCells(const StoryFindings& story, std::size_t axis) {
            NumberCell(MomentInMetres(direction.torsionalPart));
 }
 
-std::string MemberTable(const Sheet& sheet, const ModelMembers& model, const StoryFindings& story) {
+// The table of every story, still without rows.
+Table EmptyMemberTable(const Sheet& sheet) {
     std::vector<double> widths{11.5, 12, 10.5, 10.5};
     for (int i = 0; i < 2; ++i)
         widths.insert(widths.end(), {12.5, 11, 13, 14, 16.5});
@@ -171,12 +170,16 @@ std::string MemberTable(const Sheet& sheet, const ModelMembers& model, const Sto
     }
     table.HeadRow(groups);
     table.HeadRow(columns);
+    return table;
+}
+
+std::string MemberTable(const Sheet& sheet, Table table, const StoryFindings& story) {
     const auto shown =
         Choose(Pointers(story.members), sheet.content.options.detail, TorsionalWeight);
     std::string cells;
     for (const MemberFindings* const member : shown) {
         cells.clear();
-        AppendMemberCells(cells, sheet, model, *member, story.number);
+        AppendMemberCells(cells, sheet, *member, story.number);
         table.Row(cells);
     }
     table.SumRow("<th scope=\"row\" colspan=\"4\">" + InBoth(Text("sum")) + "</th>" +
@@ -281,7 +284,8 @@ void AppendAxialCells(std::string& cells, const StoryFindings& story,
         AppendNumberCell(cells, MomentInMetres(member.weightMoment[axis]));
 }
 
-std::string AxialTable(const Sheet& sheet, const StoryFindings& story) {
+// Likewise of the axial forces.
+Table EmptyAxialTable(const Sheet& sheet) {
     const std::string v = sheet.names.Coordinate(kZ);
     const FilledWords nv = Filled(Text("A1 Nc"), {{"c", v}}),
                       nx = Filled(Text("A1 Nc"), {{"c", "x"}});
@@ -292,6 +296,10 @@ std::string AxialTable(const Sheet& sheet, const StoryFindings& story) {
                    {{"N", "N"}, "kN"},
                    {nx, "kN·m"},
                    {nv, "kN·m"}});
+    return table;
+}
+
+std::string AxialTable(const Sheet& sheet, Table table, const StoryFindings& story) {
     const auto all = Weighed(story);
     const auto shown = Choose(all, sheet.content.options.detail, AxialWeight);
     std::string cells;
@@ -318,16 +326,22 @@ std::string AxialTable(const Sheet& sheet, const StoryFindings& story) {
     return html;
 }
 
-void AppendStoryDetails(std::string& html, const Sheet& sheet, const ModelMembers& model,
+// The tables of a story, which have the same heads in all.
+struct EmptyTables {
+    Table members;
+    Table axialForces;
+};
+
+void AppendStoryDetails(std::string& html, const Sheet& sheet, const EmptyTables& empty,
                         const StoryFindings& story) {
     html += SubHeading(Filled(Text("A1 story"), {{"story", sheet.names.Story(story.number)}}));
     if (story.members.empty()) {
         html += SmallPrint(Text("no story members"));
     } else {
-        html += MemberTable(sheet, model, story);
+        html += MemberTable(sheet, empty.members, story);
         html += FollowedLines(sheet, story);
     }
-    html += AxialTable(sheet, story);
+    html += AxialTable(sheet, empty.axialForces, story);
 }
 
 }  // namespace
@@ -335,11 +349,11 @@ void AppendStoryDetails(std::string& html, const Sheet& sheet, const ModelMember
 void MemberAppendix(const Sheet& sheet, std::string& html) {
     if (sheet.content.options.detail == SheetDetail::kNone || sheet.findings.stories.empty())
         return;
-    const ModelMembers model(sheet.findings);
+    const EmptyTables empty{EmptyMemberTable(sheet), EmptyAxialTable(sheet)};
     html += OpenTag("section", {{"id", "A1"}, {"class", "own-page"}});
     html += Heading("A1", Text("A1"));
     html += SmallPrint(Text("A1 legend"));
     for (std::size_t i = sheet.StoryCount(); i-- > 0;)
-        AppendStoryDetails(html, sheet, model, sheet.findings.stories[i]);
+        AppendStoryDetails(html, sheet, empty, sheet.findings.stories[i]);
     html += "</section>\n";
 }

@@ -11,7 +11,6 @@
 #include "sheet/drawing_parts.h"
 #include "sheet/html.h"
 #include "sheet/label_places.h"
-#include "sheet/model_members.h"
 #include "sheet/table.h"
 #include "sheet/texts.h"
 
@@ -114,16 +113,43 @@ PlanScale ScaleFor(const Sheet& sheet) {
     return plan;
 }
 
+// A level member, where it lies on the page.
+struct Beam {
+    Point from;
+    Point to;
+    double levelOfFrom = 0.0;  ///< mm
+    double levelOfTo = 0.0;
+
+    bool IsAt(double level) const {
+        return std::abs(levelOfFrom - level) < kSameLevel &&
+               std::abs(levelOfTo - level) < kSameLevel;
+    }
+};
+
+std::vector<Beam> BeamsOf(const Findings& findings, const PlanScale& plan) {
+    std::vector<Beam> beams;
+    const bool z = findings.zIsVertical;
+    for (const ModelMember& member : findings.members) {
+        if (!member.start || !member.end) continue;
+        const Vec3& a = findings.nodes[*member.start].point;
+        const Vec3& b = findings.nodes[*member.end].point;
+        if (std::abs(Vertical(a, z) - Vertical(b, z)) < 2.0 * kSameLevel)
+            beams.push_back({plan.At(a.x, PlanZ(a, z)), plan.At(b.x, PlanZ(b, z)), Vertical(a, z),
+                             Vertical(b, z)});
+    }
+    return beams;
+}
+
 // --- One plan ------------------------------------------------------------------------------------
 
 class Plan {
 public:
-    Plan(const Sheet& sheet, const ModelMembers& model, const PlanScale& plan,
+    Plan(const Sheet& sheet, const PlanScale& plan, const std::vector<Beam>& beams,
          const StoryFindings& story)
         : sheet_(sheet),
           findings_(sheet.findings),
-          model_(model),
           plan_(plan),
+          beams_(beams),
           story_(story),
           mark_(MarkSize()),
           bar_(std::clamp(0.8 * Spacing(), kShortestBar, kLongestBar)),
@@ -242,19 +268,10 @@ private:
         return {base.x, base.y - 0.78 * size, base.x + width, base.y + 0.12 * size};
     }
 
-    // Level members at the story's upper floor.
     void DrawBeams() {
         std::vector<std::pair<Point, Point>> lines;
-        for (const ModelMember& member : findings_.members) {
-            if (!member.start || !member.end) continue;
-            const Vec3& a = findings_.nodes[*member.start].point;
-            const Vec3& b = findings_.nodes[*member.end].point;
-            const bool z = findings_.zIsVertical;
-            const bool isAtFloor = std::abs(Vertical(a, z) - story_.upperLevel) < kSameLevel &&
-                                   std::abs(Vertical(b, z) - story_.upperLevel) < kSameLevel;
-            if (isAtFloor)
-                lines.push_back({plan_.At(a.x, PlanZ(a, z)), plan_.At(b.x, PlanZ(b, z))});
-        }
+        for (const Beam& beam : beams_)
+            if (beam.IsAt(story_.upperLevel)) lines.emplace_back(beam.from, beam.to);
         svg_.Lines(lines, {kLightGrey, 0.25});
     }
 
@@ -302,7 +319,7 @@ private:
 
     // In plan, from the model: a leaning member's two nodes lie apart.
     std::optional<Ends> EndsOf(std::int32_t number) const {
-        const ModelMember* const member = model_.Find(number);
+        const ModelMember* const member = sheet_.model.Find(number);
         if (member == nullptr || !member->start || !member->end) return std::nullopt;
         const bool z = findings_.zIsVertical;
         const Vec3* lower = &findings_.nodes[*member->start].point;
@@ -573,8 +590,8 @@ private:
 
     const Sheet& sheet_;
     const Findings& findings_;
-    const ModelMembers& model_;
     const PlanScale& plan_;
+    const std::vector<Beam>& beams_;
     const StoryFindings& story_;
     double mark_;  // half a story member's square, mm
     double bar_;   // of the greatest stiffness, mm
@@ -630,7 +647,7 @@ std::string Legend() {
 std::string Plans(const Sheet& sheet) {
     const PlanScale plan = ScaleFor(sheet);
     if (plan.building.isEmpty) return {};
-    const ModelMembers model(sheet.findings);
+    const std::vector<Beam> beams = BeamsOf(sheet.findings, plan);
     std::string html = Legend();
     for (std::size_t i = sheet.StoryCount(); i-- > 0;) {
         // Two beside each other stay together.
@@ -638,7 +655,7 @@ std::string Plans(const Sheet& sheet) {
         if (isFirst) html += "<div class=\"figures plans\">";
         const StoryFindings& story = sheet.findings.stories[i];
         html += "<figure>";
-        html += Plan(sheet, model, plan, story).Html();
+        html += Plan(sheet, plan, beams, story).Html();
         html += Concat({"<figcaption>", CaptionOf(sheet, story), "</figcaption></figure>"});
         if (!isFirst || i == 0) html += "</div>\n";
     }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 
+#include "sheet/model_members.h"
 #include "sheet/sheet_content.h"
 #include "sheet/sheet_names.h"
 
@@ -11,9 +12,10 @@ struct Sheet {
     const SheetContent& content;
     const Findings& findings;
     SheetNames names;
+    ModelMembers model;
 
     explicit Sheet(const SheetContent& shown)
-        : content(shown), findings(shown.findings), names(shown) {}
+        : content(shown), findings(shown.findings), names(shown), model(shown.findings) {}
 
     std::size_t StoryCount() const { return findings.stories.size(); }
 };
