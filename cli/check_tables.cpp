@@ -40,7 +40,7 @@ std::string ToolCell(const Figure& judged, const std::optional<ToolVerdict>& ver
     return judged && verdict ? TextOf(*verdict) : std::string(kTerminalNumbers.notFormed);
 }
 
-std::string Signed(std::string angle, const Figure& drift) {
+std::string Signed(const std::string& angle, const Figure& drift) {
     return drift && *drift < 0 ? angle + " (negative)" : angle;
 }
 

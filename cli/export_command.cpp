@@ -17,12 +17,13 @@ std::string NameOf(const std::string& path) {
 }  // namespace
 
 ExitCode ExportTablesOf(const std::string& modelPath, const std::string& folder) {
+    const std::string place = modelPath + ": ";
     try {
         const QhmContents contents = ReadQhmFileWithCautions(modelPath);
         for (const std::string& caution : contents.cautions)
-            TellCaution(modelPath + ": " + caution);
+            TellCaution(place + caution);
         for (const std::string& caution : ExportTables(contents.model, NameOf(modelPath), folder))
-            TellCaution(modelPath + ": " + caution);
+            TellCaution(place + caution);
     } catch (const QhmFileError& error) {
         TellError(error.what());
         return kExitUsage;
