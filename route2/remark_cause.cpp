@@ -1,6 +1,7 @@
 #include "route2/remark_cause.h"
 
 #include <algorithm>
+#include <utility>
 
 void RemarkCause::AddStory(int story) {
     if (std::ranges::find(stories_, story) == stories_.end()) stories_.push_back(story);
@@ -52,8 +53,12 @@ BothLanguages StoriesName(const std::vector<int>& stories) {
         while (last + 1 < stories.size() && stories[last + 1] == stories[last] + 1)
             ++last;
         const std::string from = std::to_string(stories[i]), to = std::to_string(stories[last]);
-        runs.push_back(last == i ? BothLanguages{from, from}
-                                 : BothLanguages{from + " to " + to, from + "〜" + to});
+        BothLanguages run{from, from};
+        if (last > i) {
+            run.en.append(" to ").append(to);
+            run.ja.append("〜").append(to);
+        }
+        runs.push_back(std::move(run));
         i = last + 1;
     }
     return BothLanguages{"stories ", ""} + Listed(runs) + BothLanguages{"", "階"};

@@ -55,8 +55,8 @@ constexpr std::array<bool, 256> kIsPlain = [] {
     std::array<bool, 256> isPlain{};
     for (std::size_t byte = ' '; byte <= '~'; ++byte)
         isPlain[byte] = true;
-    for (const unsigned char byte : {'&', '<', '>', '"', '\''})
-        isPlain[byte] = false;
+    for (const char byte : std::string_view("&<>\"'"))
+        isPlain[static_cast<unsigned char>(byte)] = false;
     return isPlain;
 }();
 
