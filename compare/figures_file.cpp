@@ -92,6 +92,10 @@ DirectionRead ReadDirection(JsonReader& reader) {
          {"eccentricityModulus", [&] { read.modulus = ReadFigure(reader); }},
          {"eccentricityCode", [&] { read.modulusCode = ReadCode(reader); }},
          {"eccentricityTool", [&] { read.modulusTool = ReadTool(reader); }}});
+    // The tool judges the values that stand for what it did not calculate, too.
+    if (!read.angle) read.angleTool.reset();
+    if (!read.ratio) read.ratioTool.reset();
+    if (!read.modulus) read.modulusTool.reset();
     return read;
 }
 

@@ -103,3 +103,17 @@ TEST_F(FiguresFile, MayHoldKeysOfALaterProgram) {
     Replace("\"format\":", "\"later\": [{\"a\": null}], \"format\":");
     EXPECT_EQ("", Fault());
 }
+
+// The results file has PASS for the modulus 0 that stands where none was calculated.
+TEST_F(FiguresFile, HasNoVerdictOfTheToolOnWhatWasNotFormed) {
+    FakeHost host;
+    AddSmallBuilding(host);
+    text =
+        FiguresJson(FindingsOf(host, "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,2,\nFIN\n"),
+                    RunDescription());
+    ASSERT_THAT(text, HasSubstr("\"eccentricityTool\": \"PASS\""));
+    const DirectionRead direction = Read().stories.at(0).directions[0];
+    EXPECT_EQ(std::nullopt, direction.modulus);
+    EXPECT_EQ(std::nullopt, direction.modulusTool);
+    EXPECT_EQ(ToolVerdict::kPass, direction.angleTool);
+}
