@@ -15,10 +15,14 @@ import sys
 
 WINDOWS_TOOL = "x86_64-w64-mingw32-"
 # What every Windows brings; a program may need nothing else.
-SYSTEM_LIBRARIES = {"advapi32.dll", "bcrypt.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll",
-                    "msvcrt.dll", "ole32.dll", "oleaut32.dll", "shell32.dll", "user32.dll"}
+SYSTEM_LIBRARIES = {"advapi32.dll", "bcrypt.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll",
+                    "kernel32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll", "shell32.dll",
+                    "user32.dll"}
 # Address space layout: high-entropy, dynamic base; and data are not run.
 IMAGE_FLAGS = {"high-entropy addresses": 0x20, "a random base": 0x40, "data that are not run": 0x100}
+# A program that is drawn anew at the resolution of each screen asks for it; the others have one.
+SCREEN_TEXTS = {"QuarnelSheet.exe": [">true/pm</dpiAware>", ">PerMonitorV2</dpiAwareness>",
+                                     'name="Microsoft.Windows.Common-Controls" version="6.0.0.0"']}
 
 
 class Program:
@@ -148,7 +152,8 @@ def has_the_manifest(program):
     manifest = program.resource(24).decode()
     yield from (f"its manifest lacks {text}" for text in missing(
         manifest, '<requestedExecutionLevel level="asInvoker" uiAccess="false"/>',
-        ">true</dpiAware>", ">UTF-8</activeCodePage>", ">true</longPathAware>"))
+        ">UTF-8</activeCodePage>", ">true</longPathAware>", *SCREEN_TEXTS.get(
+            program.path.name, [">true</dpiAware>"])))
 
 
 CASES = {

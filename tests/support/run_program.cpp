@@ -38,11 +38,15 @@ private:
     HANDLE handle_;
 };
 
-// Arguments of the tests hold no quotation marks and do not end with a backslash.
+// Arguments of the tests hold no quotation marks. A backslash before the closing one would take it
+// into the argument, so it is written twice.
 std::string CommandLine(const std::string& program, const std::vector<std::string>& arguments) {
     std::string line = "\"" + program + "\"";
-    for (const std::string& argument : arguments)
-        line += " \"" + argument + "\"";
+    for (const std::string& argument : arguments) {
+        line.append(" \"").append(argument);
+        if (argument.ends_with('\\')) line += '\\';
+        line += '"';
+    }
     return line;
 }
 
