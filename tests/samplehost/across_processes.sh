@@ -70,6 +70,12 @@ expect_code() { [ "$1" = "$2" ] || fail "exit code $2 instead of $1"; }
 
 # --- Cases -----------------------------------------------------------------------------------
 
+# Only of a model file can be said what it does not list; a host's 0 is an answer.
+without_unlisted_answers() {
+    local remark='  warning R25: [0-9]+ answers that the model file does not list[^\n]*\n'
+    sed -Ez "s/\nRemarks:\n$remark\n/\n/; s/\n$remark/\n/"
+}
+
 # The model path that the sample host gives out is the one that the recorded run is started with,
 # so the log is the same to its last byte.
 LiveRunOfEachExampleGivesTheReportsOfTheRecordedRun() {
@@ -88,7 +94,8 @@ LiveRunOfEachExampleGivesTheReportsOfTheRecordedRun() {
             cli check input.csv >live.out || fail "the live run of $input ended early"
             expect_same recorded.log "$stem.aijR2Log.txt"
             expect_same recorded.csv "$stem.aijR2Result.csv"
-            expect_same recorded.out live.out
+            without_unlisted_answers <recorded.out >recorded.told
+            expect_same recorded.told live.out
         done
         stop_host
     done
