@@ -101,17 +101,10 @@ void PrintCounts(std::ostream& out, const Findings& findings) {
         << " undetermined\n";
 }
 
-// Without a failing row the tool's overall verdict is PASS, also where no row was calculated.
-const char* TextOfTool(const Findings& findings) {
-    const VerdictCounts counts = CountVerdicts(findings);
-    const bool isFormed = counts.pass + counts.fail > 0;
-    const std::optional<ToolVerdict>& verdict = findings.verdict.tool;
-    return verdict && (isFormed || *verdict == ToolVerdict::kFail) ? TextOf(*verdict) : "none";
-}
-
 void PrintVerdict(std::ostream& out, const Findings& findings) {
-    out << "Verdict: " << TextOf(findings.verdict.code) << " by the code, " << TextOfTool(findings)
-        << " by the tool";
+    const OverallVerdict& verdict = findings.verdict;
+    out << "Verdict: " << TextOf(verdict.code) << " by the code, "
+        << (verdict.tool ? TextOf(*verdict.tool) : "none") << " by the tool";
     if (!findings.end.complete) out << " (the run ended early)";
     out << "\n";
 }

@@ -93,11 +93,3 @@ TEST_F(CheckReportText, ShowsAWarningOfTheLogInPlainWordsWithItsOwnInBrackets) {
     EXPECT_THAT(text, ContainsRegex("\n    2 +n/a \\(no story members\\)"));
     EXPECT_THAT(text, ContainsRegex("R24: .*\\[.*\\]"));
 }
-
-// One level is no story: nothing is calculated, and nothing fails.
-TEST_F(CheckReportText, HasNoVerdictOfTheToolWithoutStories) {
-    const std::string text =
-        Text("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\nFloorLevel,0,\nFIN\n");
-    EXPECT_THAT(text, HasSubstr("\nVerdict: undetermined by the code, none by the tool\n"));
-    EXPECT_THAT(text, Not(HasSubstr("PASS by")));
-}
