@@ -323,7 +323,7 @@ std::string Repaired(std::string_view line, const InputText& text) {
     return WithFinalComma(repaired);
 }
 
-std::string WithFinalComma(std::string line) {
+std::string WithFinalComma(const std::string& line) {
     return line.ends_with(',') ? line : line + ',';
 }
 

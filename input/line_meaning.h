@@ -49,7 +49,7 @@ std::optional<Keyword> FindMeantKeyword(std::string_view word);
 std::string Repaired(std::string_view line, const InputText& text);
 
 /// The line with a comma at its end.
-std::string WithFinalComma(std::string line);
+std::string WithFinalComma(const std::string& line);
 
 /// What is wrong with a value as such: full-width characters or quotes.
 std::optional<LintFinding> FindSlipOfValue(const InputText& text, const InputLine& line,

@@ -84,7 +84,7 @@ std::string NumberText(double value) {
     if (std::isnan(value)) return "nan";
     if (std::isinf(value)) return value < 0.0 ? "-inf" : "inf";
     std::array<char, 400> buffer{};  // the largest double has 309 digits, the smallest 325 places
-    const auto end =
+    auto* const end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
             .ptr;
     return {buffer.data(), end};

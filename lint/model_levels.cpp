@@ -140,9 +140,11 @@ BeamLevel BeamsAt(const std::vector<BeamLevel>& all, double level) {
 // low story the one with fewer members. The base is a floor whatever lies there.
 std::set<std::size_t> FindLandings(const ModelView& view) {
     const std::vector<double>& levels = view.Engine().floorLevels;
+    const std::vector<BeamLevel> all = FindBeamLevels(view);
     std::vector<BeamLevel> beams;
+    beams.reserve(levels.size());
     for (const double level : levels)
-        beams.push_back(BeamsAt(FindBeamLevels(view), level));
+        beams.push_back(BeamsAt(all, level));
     std::set<std::size_t> landings;
     for (std::size_t i = 1; i < levels.size(); ++i) {
         if (!CarriesAFloor(beams[i], view)) landings.insert(i);

@@ -1,6 +1,7 @@
 #include "lint/suggestion.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -96,9 +97,8 @@ struct Meant {
     bool Has(std::string_view id) const { return HasFinding(check.findings, id); }
 
     bool HasCases() const {
-        for (const std::string_view id : {"K06", "L02", "L03", "L04", "L05"})
-            if (Has(id)) return false;
-        return true;
+        constexpr std::array<std::string_view, 5> kFaultsOfCases{"K06", "L02", "L03", "L04", "L05"};
+        return std::ranges::none_of(kFaultsOfCases, [&](std::string_view id) { return Has(id); });
     }
 
     InputText text;
@@ -122,6 +122,7 @@ void AddCases(const Cases& cases, Draft& draft) {
 void AddLevels(const std::vector<double>& levels, Draft& draft) {
     if (levels.size() < 2) return;
     std::vector<std::string> values;
+    values.reserve(levels.size());
     for (const double level : levels)
         values.push_back(RoundedText(level));
     if (!draft.List("FloorLevel,", values))

@@ -43,12 +43,12 @@ OwnedHandle OpenForChild(const std::wstring& path, DWORD access, DWORD creation)
 // The handles that a child inherits, and no others: children are started on several threads.
 class InheritedHandles {
 public:
-    explicit InheritedHandles(std::vector<HANDLE> handles) : handles_(std::move(handles)) {
-        SIZE_T size = 0;
-        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
-        room_.resize(size);
-        list_ = reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(room_.data());
-        if (!InitializeProcThreadAttributeList(list_, 1, 0, &size))
+    explicit InheritedHandles(std::vector<HANDLE> handles)
+        : handles_(std::move(handles)),
+          room_(SizeOfList()),
+          list_(reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(room_.data())) {
+        SIZE_T size = room_.size();
+        if (InitializeProcThreadAttributeList(list_, 1, 0, &size) == FALSE)
             throw ChildProgramError(SystemErrorText(GetLastError()));
         UpdateProcThreadAttribute(list_, 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST, handles_.data(),
                                   handles_.size() * sizeof(HANDLE), nullptr, nullptr);
@@ -60,9 +60,15 @@ public:
     LPPROC_THREAD_ATTRIBUTE_LIST List() const { return list_; }
 
 private:
+    static SIZE_T SizeOfList() {
+        SIZE_T size = 0;
+        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        return size;
+    }
+
     std::vector<HANDLE> handles_;
     std::vector<char> room_;
-    LPPROC_THREAD_ATTRIBUTE_LIST list_ = nullptr;
+    LPPROC_THREAD_ATTRIBUTE_LIST list_;
 };
 
 }  // namespace
@@ -84,9 +90,9 @@ ProgramEnd RunChildProgram(const std::string& program, const std::vector<std::st
     startup.StartupInfo.hStdError = output.get();
     startup.lpAttributeList = inherited.List();
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(path.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-                        EXTENDED_STARTUPINFO_PRESENT | CREATE_NO_WINDOW, nullptr, nullptr,
-                        &startup.StartupInfo, &process))
+    if (CreateProcessW(path.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
+                       EXTENDED_STARTUPINFO_PRESENT | CREATE_NO_WINDOW, nullptr, nullptr,
+                       &startup.StartupInfo, &process) == FALSE)
         throw ChildProgramError(SystemErrorText(GetLastError()));
     const OwnedHandle thread(process.hThread);
     const OwnedHandle owned(process.hProcess);

@@ -21,14 +21,16 @@ public:
     // Appends what can be converted from the start of `rest` and takes it away.
     void Convert(std::string_view& rest, std::string& text) {
         if (!IsOpen()) return;
-        std::array<char, 1024> buffer{};
-        char* from = const_cast<char*>(rest.data());  // iconv does not write there
-        std::size_t fromLeft = rest.size();
+        std::array<char, 256> piece{};  // iconv wants bytes that it might change
+        std::array<char, 4 * piece.size()> buffer{};
+        const std::size_t size = rest.copy(piece.data(), piece.size());
+        char* from = piece.data();
+        std::size_t fromLeft = size;
         char* to = buffer.data();
         std::size_t toLeft = buffer.size();
         iconv(converter_, &from, &fromLeft, &to, &toLeft);
         text.append(buffer.data(), buffer.size() - toLeft);
-        rest.remove_prefix(rest.size() - fromLeft);
+        rest.remove_prefix(size - fromLeft);
     }
 
 private:

@@ -328,7 +328,7 @@ void SheetDialog::ShowButtons() {
     ShowButton(IDC_AGAIN, ended || stage_ == Stage::kInputErrors);
     ShowButton(IDC_PROGRESS, stage_ == Stage::kRunning || ended);
     ShowButton(IDC_ELAPSED, stage_ == Stage::kRunning || ended);
-    EnableWindow(GetDlgItem(Window(), IDC_CHOOSE), stage_ != Stage::kRunning);
+    EnableWindow(GetDlgItem(Window(), IDC_CHOOSE), stage_ != Stage::kRunning ? TRUE : FALSE);
 }
 
 void SheetDialog::ShowButton(int id, bool isShown) {
@@ -387,7 +387,7 @@ void SheetDialog::OpenFile(const std::string& path) {
 // The dialog's own font, bold: it follows the screen's resolution.
 void SheetDialog::MakeHeadlineFont() {
     LOGFONTW font{};
-    const auto own = reinterpret_cast<HFONT>(SendMessageW(Window(), WM_GETFONT, 0, 0));
+    auto* const own = reinterpret_cast<HFONT>(SendMessageW(Window(), WM_GETFONT, 0, 0));
     if (own == nullptr || GetObjectW(own, sizeof font, &font) == 0) return;
     font.lfWeight = FW_BOLD;
     const HFONT bold = CreateFontIndirectW(&font);

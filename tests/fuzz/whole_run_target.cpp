@@ -64,7 +64,7 @@ void CloseLeftOpen(const std::string& path) {
 // An exception in the last step leaves the results open.
 bool LeavesResultsOpen(const std::vector<StatusText>& lines) {
     constexpr std::array kLines{StatusText::kSavingOutput, StatusText::kExceptionThrown};
-    return !std::ranges::search(lines, kLines).empty();
+    return std::search(lines.begin(), lines.end(), kLines.begin(), kLines.end()) != lines.end();
 }
 
 Reports Run(HostQueries& host, const TestFolder& folder) {

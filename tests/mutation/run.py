@@ -4,13 +4,13 @@ test notices.
 
     tests/mutation/run.py [--files GLOB...] [--every N] [--from N] [--list]
 
-Works on a copy of the sources in build/mutation. A turned operator is noticed when the tests of the
+Works on a copy of the sources below build/mutation. A turned operator is noticed when the tests of the
 engine no longer compile, fail, or do not end. One that nobody notices must stand in reasons.txt with
 the reason why it changes nothing that a test could see; a reason that is not needed any more is told,
 too. The last line counts; the exit code is 0 when nothing is left without a reason.
 
---every N takes each Nth operator, --from N begins at the Nth: for a look at a part. The whole run takes
-hours.
+--every N takes each Nth operator, --from N begins at the Nth: for a look at a part, or the whole in N
+runs side by side. The whole run takes hours.
 """
 
 import argparse
@@ -22,7 +22,6 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-WORK = ROOT / "build" / "mutation"
 REASONS = pathlib.Path(__file__).with_name("reasons.txt")
 FILES = ["route2/*.cpp", "route2/*.h"]
 
@@ -31,9 +30,15 @@ TURNS = {" < ": " <= ", " <= ": " < ", " > ": " >= ", " >= ": " > ", " == ": " !
          " + ": " - ", " - ": " + ", " * ": " / ", " / ": " * ", " && ": " || ", " || ": " && ",
          " += ": " -= ", " -= ": " += ", " *= ": " /= ", " /= ": " *= "}
 
-# Quick ones first. Each holds a part of what the whole is held against.
-TEST_PROGRAMS = ["route2_test", "compute_test", "report_test", "whole_run_test", "lint_test",
-                 "robustness_test"]
+# What to build and what to run of it, quick ones first. The last holds whole runs against the second
+# calculation.
+TESTS = [("checks_test", ["tests/checks_test"]), ("compute_test", ["tests/compute_test"]),
+         ("route2_test", ["tests/route2_test"]), ("results_test", ["tests/results_test"]),
+         ("whole_run_test", ["tests/whole_run_test"]),
+         ("lint_test", ["tests/lint_test", "--gtest_filter=AsRead*:Model*"]),
+         ("quarnel-cli", [sys.executable, "-B", str(ROOT / "tests/reference/compare_runs.py"),
+                          "--cli", "bin/quarnel-cli", "--seeds", "1", "200",
+                          "--work", "differences"])]
 SECONDS = 300
 
 
@@ -49,17 +54,24 @@ def mutants(path):
                 yield number, found.start(), operator
 
 
-def run(command, seconds=None):
+class Bench:
+    """A copy of the sources and its build."""
+
+    def __init__(self, folder):
+        self.source, self.build = folder / "source", folder / "build"
+
+
+def run(command, folder, seconds=None):
     try:
-        return subprocess.run(command, cwd=WORK / "source", stdin=subprocess.DEVNULL,
+        return subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL,
                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                               timeout=seconds, check=False).returncode
     except subprocess.TimeoutExpired:
         return 1
 
 
-def prepare():
-    source = WORK / "source"
+def prepare(bench):
+    source = bench.source
     shutil.rmtree(source, ignore_errors=True)
     tracked = subprocess.run(["git", "ls-files", "-z"], cwd=ROOT, capture_output=True,
                              check=True).stdout.decode().split("\0")
@@ -67,21 +79,21 @@ def prepare():
         if (ROOT / name).is_file():
             (source / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy2(ROOT / name, source / name)
-    build = str(WORK / "build")
-    configured = run(["cmake", "-S", ".", "-B", build, "-G", "Ninja",
-                      "-DCMAKE_BUILD_TYPE=Debug"]) == 0
-    if not configured or is_noticed():
-        raise SystemExit("the sources as they stand do not pass; see build/mutation")
+    configured = run(["cmake", "-S", ".", "-B", str(bench.build), "-G", "Ninja",
+                      "-DCMAKE_BUILD_TYPE=Debug"], source) == 0
+    if not configured or who_notices(bench):
+        raise SystemExit(f"the sources as they stand do not pass; see {bench.build}")
 
 
-def passes(program):
-    build = ["cmake", "--build", str(WORK / "build"), "--target", program]
-    test = [str(WORK / "build" / "tests" / program), "--gtest_fail_fast", "--gtest_brief=1"]
-    return run(build) == 0 and run(test, SECONDS) == 0
+def passes(bench, target, test):
+    build = ["cmake", "--build", str(bench.build), "--target", target]
+    if target != "quarnel-cli":
+        test = [*test, "--gtest_fail_fast", "--gtest_brief=1"]
+    return run(build, bench.source) == 0 and run(test, bench.build, SECONDS) == 0
 
 
-def is_noticed():
-    return not all(passes(program) for program in TEST_PROGRAMS)
+def who_notices(bench):
+    return next((target for target, test in TESTS if not passes(bench, target, test)), None)
 
 
 def key_of(name, line, operator):
@@ -99,14 +111,14 @@ def reasons():
     return known
 
 
-def survives(path, number, column, operator):
+def survives(bench, path, number, column, operator):
     original = path.read_text(encoding="utf-8")
     lines = original.splitlines(keepends=True)
     line = lines[number]
     lines[number] = line[:column] + TURNS[operator] + line[column + len(operator):]
     path.write_text("".join(lines), encoding="utf-8")
     try:
-        return not is_noticed()
+        return who_notices(bench) is None
     finally:
         path.write_text(original, encoding="utf-8")
 
@@ -126,12 +138,13 @@ def main():
         for name, number, _, operator in chosen:
             print(f"{name}:{number + 1}: {operator.strip()}")
         return 0
-    prepare()
+    bench = Bench(ROOT / "build" / "mutation" / f"{options.first}-{options.every}")
+    prepare(bench)
     known, used, left = reasons(), set(), 0
     for name, number, column, operator in chosen:
-        path = WORK / "source" / name
+        path = bench.source / name
         line = path.read_text(encoding="utf-8").splitlines()[number]
-        if not survives(path, number, column, operator):
+        if not survives(bench, path, number, column, operator):
             continue
         key = key_of(name, line, operator)
         used.add(key)

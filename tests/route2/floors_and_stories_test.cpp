@@ -742,11 +742,11 @@ TEST(SingleMember, EndsTheRunWithTheWarningOfTheOperationThatMissesItsNode) {
          }},
     };
     for (const std::int32_t member : {5, 6}) {
-        for (const auto& [warning, operation] : operations) {
+        for (const auto& each : operations) {
             MemberBench bench;
             EXPECT_EQ("invalid vector subscript",
-                      WhatEndsTheRun([&] { operation(bench.engine, member); }));
-            EXPECT_EQ(warning, bench.bench.NewLog());
+                      WhatEndsTheRun([&] { each.operation(bench.engine, member); }));
+            EXPECT_EQ(each.warning, bench.bench.NewLog());
         }
     }
 }
