@@ -214,27 +214,31 @@ void Builder::DescribeMembers(RecordedModel& model) const {
 }
 
 // The building leans along X or Z, the other way a little, and turns about its first column; a
-// floor moves less the higher it is.
+// floor moves less the higher it is. Joints turn as well: a real analysis answers no zeros, and as
+// many digits.
 SixDoubles Builder::Displacements(const Node& node, std::int32_t loadCase) const {
     const double floors = node.floor * (1.0 - 0.002 * node.floor);
     const double alongX = loadCase == kEarthquakeZ ? 0.0002 : 0.004;
     const double alongZ = loadCase == kEarthquakeX ? 0.0003 : 0.005;
     const double size = 1.0 + 0.01 * loadCase;  // no two load cases alike
+    const double turn = size * node.floor / kStoryHeight;
     return {size * floors * (alongX + 0.00001 * node.z),
             -0.0001 * floors,
             size * floors * (alongZ - 0.00002 * node.x),
-            0.0,
-            0.0,
-            0.0};
+            alongZ * turn / 3.0,
+            0.00001 * turn / 7.0,
+            alongX * turn / -3.0};
 }
 
-// Columns carry what stands above them, outer ones less.
+// Columns carry what stands above them, outer ones less; of a real analysis are the moments, too.
 SixDoubles Builder::ForcesAtStart(const Member& column, std::int32_t loadCase) const {
     const Node& start = nodes_[static_cast<std::size_t>(column.start)];
     const double floorsAbove = size_.stories - column.floor + 1;
     const double share = 1.0 + 0.01 * start.x + 0.02 * start.z;
     const double size = share * floorsAbove * (1.0 + 0.01 * loadCase);
-    return {400.0 * size, 30.0 * size, -25.0 * size, 0.0, 0.0, 0.0};
+    const double arm = kStoryHeight / 3.0;
+    return {400.0 * size,        30.0 * size,       -25.0 * size,
+            30.0 * size / 700.0, 25.0 * size * arm, 30.0 * size * arm};
 }
 
 std::string Builder::InputText() const {

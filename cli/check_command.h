@@ -8,6 +8,7 @@
 #include "cli/check_options.h"
 #include "cli/exit_codes.h"
 #include "compute/compute_run.h"
+#include "input/input_check.h"
 
 /// `quarnel-cli check MODEL.qhm INPUT.csv`: a run on a recorded building, or on that of a folder of
 /// tables. Prints the status lines, then what was found; problems go to standard error, one line
@@ -31,6 +32,7 @@ struct CheckResult {
     RunOutcome outcome;
     ReportPaths reports;
     ExitCode code = kExitEndedEarly;
+    InputCheck input;  ///< of the file as it was when the run began
 };
 
 /// Runs the checks on any host and prints what `quarnel-cli check` prints: cautions about the

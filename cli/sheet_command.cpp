@@ -10,7 +10,6 @@
 #include "platform/one_line.h"
 #include "platform/open_file.h"
 #include "platform/whole_file.h"
-#include "sheet/sheet.h"
 #include "sheet/sheet_file.h"
 
 namespace {
@@ -53,10 +52,9 @@ SheetSources SourcesOf(const CheckedHost& host, const std::string& inputPath,
 }
 
 // False, with an error line, when the sheet is not written; an older one stays as it was.
-bool WriteSheet(const Findings& findings, const SheetSources& sources, const std::string& path) {
-    const InputCheck input = CheckInputFile(sources.run.inputPath);
+bool WriteSheet(const SheetContent& content, const std::string& path) {
     try {
-        WriteWholeFile(path, SheetHtml(FormSheetContent(findings, input, sources)));
+        WriteSheetFile(content, path);
         return true;
     } catch (const WholeFileError& error) {
         TellError(path + ": the sheet is not written: " + error.what());
@@ -67,17 +65,18 @@ bool WriteSheet(const Findings& findings, const SheetSources& sources, const std
 ExitCode SheetWithGuard(const CheckedHost& host, const std::string& inputPath,
                         const std::string& hostModelPath, const SheetRequest& request,
                         const FileGuard& guard) {
-    const CheckResult checked = CheckOnHost(host, inputPath, request.check, guard);
-    const RunOutcome& outcome = checked.outcome;
+    CheckResult checked = CheckOnHost(host, inputPath, request.check, guard);
+    RunOutcome& outcome = checked.outcome;
     if (outcome.filesCollide) return checked.code;
     const std::string path = SheetPathFor(request, outcome.modelPath, inputPath);
     if (!outcome.findings) {
         TellError("the sheet is not written: the run ended before it had read the model");
         return checked.code;
     }
-    if (!WriteSheet(*outcome.findings, SourcesOf(host, inputPath, hostModelPath, request, checked),
-                    path))
-        return kExitEndedEarly;
+    const SheetSources sources = SourcesOf(host, inputPath, hostModelPath, request, checked);
+    const SheetContent content =
+        FormSheetContent(std::move(*outcome.findings), checked.input, sources);
+    if (!WriteSheet(content, path)) return kExitEndedEarly;
     std::cout << "Sheet:   " << OneLine(path) << std::endl;
     if (request.opens && !OpenOnDesktop(path))
         TellCaution(path + ": the sheet is written, but cannot be opened from here");

@@ -98,11 +98,17 @@ std::string ScaledText(double whole, int decimals, const NumberStyle& style) {
         text.copy(first, text.size());
     };
     auto rest = static_cast<std::uint64_t>(std::abs(whole));
-    for (int place = -decimals; rest > 0 || place <= 0; ++place) {
-        if (place == 0 && decimals > 0) put(".");
-        if (place > 0 && place % 3 == 0) put(style.thousands);
+    const auto putDigit = [&first, &rest] {
         *--first = static_cast<char>('0' + rest % 10);
         rest /= 10;
+    };
+    for (int i = 0; i < decimals; ++i)
+        putDigit();
+    if (decimals > 0) *--first = '.';
+    putDigit();
+    for (int digits = 1; rest > 0; ++digits) {
+        if (digits % 3 == 0) put(style.thousands);
+        putDigit();
     }
     if (whole < 0.0) put(style.minus);
     return {first, buffer.data() + buffer.size()};
@@ -116,7 +122,7 @@ std::optional<double> QuicklyRounded(double amount, int decimals) {
     constexpr double kFromMiddle = 1e-3;  // more than such a product is wrong by
     const double product = amount * PowerOfTen(decimals);
     if (!(product < kGreatest)) return std::nullopt;
-    const double whole = std::floor(product);
+    const auto whole = static_cast<double>(static_cast<std::int64_t>(product));
     const double rest = product - whole;
     if (std::abs(rest - 0.5) < kFromMiddle) return std::nullopt;
     return rest > 0.5 ? whole + 1.0 : whole;

@@ -131,7 +131,7 @@ public:
           drawnWidth_(kWidth - kLeft - size.names),
           svg_(kWidth, kTop + size.height + kBelow, Title(), Text("elevation description")) {}
 
-    std::string Html() {
+    void AppendHtml(std::string& html) {
         svg_.Text({kLeft - 3.0, 3.2}, {.size = 2.6, .isBold = true}, DrawnInBoth(Title()));
         DrawLevelLines();
         DrawMembers();
@@ -139,7 +139,7 @@ public:
         DrawLevelNames();
         DrawStoryNames();
         DrawFoot();
-        return svg_.Html();
+        svg_.AppendHtml(html);
     }
 
 private:
@@ -364,7 +364,10 @@ std::string Elevations(const Sheet& sheet) {
     const ViewSize size = ChooseSize(sheet, vertical, width);
     const MemberRoles roles(findings);
     std::string html = "<div class=\"figures\">";
-    for (const std::size_t axis : {kX, kZ})
-        html += "<figure>" + View(sheet, roles, axis, size, across[axis]).Html() + "</figure>";
+    for (const std::size_t axis : {kX, kZ}) {
+        html += "<figure>";
+        View(sheet, roles, axis, size, across[axis]).AppendHtml(html);
+        html += "</figure>";
+    }
     return html + "</div>\n" + Legend();
 }

@@ -82,7 +82,9 @@ std::size_t CountPlain(std::string_view text) {
 
 // Adds what stands before the next part that is set lower or higher, and takes it away.
 void AppendToNextPart(std::string& html, std::string_view& text) {
-    const std::size_t length = std::min(text.find_first_of("_^"), text.size());
+    std::size_t length = 0;
+    while (length < text.size() && text[length] != '_' && text[length] != '^')
+        ++length;
     AppendHtmlText(html, text.substr(0, length), std::string_view::npos);
     text.remove_prefix(length);
 }

@@ -80,7 +80,7 @@ double LabelPlaces::Covered(const Rectangle& box, double enough) const {
     return covered;
 }
 
-Rectangle LabelPlaces::Take(const std::vector<Rectangle>& candidates) {
+Rectangle LabelPlaces::Take(std::span<const Rectangle> candidates) {
     constexpr double kRoomAround = 0.25;  // mm
     constexpr double kNothing = 1e-9;     // mm^2
     Rectangle best = candidates.front();

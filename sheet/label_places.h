@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "sheet/svg.h"
@@ -23,7 +24,7 @@ public:
 
     /// The first of `candidates` that lies within the page on free room, else the one that covers
     /// least; it is occupied from then on.
-    Rectangle Take(const std::vector<Rectangle>& candidates);
+    Rectangle Take(std::span<const Rectangle> candidates);
 
 private:
     // How much of `box` is covered or lies beyond the page, mm^2; `enough` ends the count.

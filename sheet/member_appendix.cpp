@@ -98,10 +98,10 @@ std::string_view StiffnessClass(const MemberFindings& member, std::size_t axis) 
     return hardlyMoves ? "hardly" : "";
 }
 
-void AppendDirectionCells(std::string& cells, const MemberFindings& member, int story,
-                          std::size_t axis) {
+void AppendDirectionCells(std::string& cells, FigureRow& row, const MemberFindings& member,
+                          int story, std::size_t axis) {
     const std::string_view cssClass = StiffnessClass(member, axis);
-    const FigureRow row({{}, story, axis, member.number});
+    row.MoveTo({{}, story, axis, member.number});
     const auto figure = [&](std::string_view key, const std::string& text,
                             std::string_view classOfCell = {}) {
         row.AppendCell(cells, key, text, classOfCell);
@@ -121,13 +121,14 @@ void AppendCoordinateCells(std::string& cells, const FigureRow& row, const Membe
     row.AppendCell(cells, "members.v_mm", NumberText(Finite(member.v), kCoordinateFormat));
 }
 
-void AppendMemberCells(std::string& cells, const Sheet& sheet, const MemberFindings& member,
-                       int story) {
-    cells += RowHead(IdentifierText(member.number));
+void AppendMemberCells(std::string& cells, const Sheet& sheet, FigureRow& row,
+                       const MemberFindings& member, int story) {
+    AppendRowHead(cells, IdentifierText(member.number));
     AppendKindCell(cells, sheet, member);
-    AppendCoordinateCells(cells, FigureRow({{}, story, {}, member.number}), member);
+    row.MoveTo({{}, story, {}, member.number});
+    AppendCoordinateCells(cells, row, member);
     for (const std::size_t axis : {kX, kZ})
-        AppendDirectionCells(cells, member, story, axis);
+        AppendDirectionCells(cells, row, member, story, axis);
 }
 
 std::string SumCells(const StoryFindings& story, std::size_t axis) {
@@ -177,9 +178,10 @@ std::string MemberTable(const Sheet& sheet, Table table, const StoryFindings& st
     const auto shown =
         Choose(Pointers(story.members), sheet.content.options.detail, TorsionalWeight);
     std::string cells;
+    FigureRow row;
     for (const MemberFindings* const member : shown) {
         cells.clear();
-        AppendMemberCells(cells, sheet, *member, story.number);
+        AppendMemberCells(cells, sheet, row, *member, story.number);
         table.Row(cells);
     }
     table.SumRow("<th scope=\"row\" colspan=\"4\">" + InBoth(Text("sum")) + "</th>" +
@@ -268,12 +270,12 @@ void AppendCellsOfNotCounted(std::string& cells, const MemberFindings& member) {
     AppendNumberCell(cells, NumberText(member.axialForce, kForceInDetailFormat));
 }
 
-void AppendAxialCells(std::string& cells, const StoryFindings& story,
+void AppendAxialCells(std::string& cells, FigureRow& row, const StoryFindings& story,
                       const MemberFindings& member) {
     const bool isCounted = IsStoryMember(story, &member);
-    cells += RowHead(IdentifierText(member.number) + (isCounted ? "" : "<sup>†</sup>"));
+    AppendRowHead(cells, IdentifierText(member.number) + (isCounted ? "" : "<sup>†</sup>"));
     if (isCounted) {
-        const FigureRow row({{}, story.number, {}, member.number});
+        row.MoveTo({{}, story.number, {}, member.number});
         AppendCoordinateCells(cells, row, member);
         row.AppendCell(cells, "members.axialForce_kN",
                        NumberText(member.axialForce, kForceInDetailFormat));
@@ -303,9 +305,10 @@ std::string AxialTable(const Sheet& sheet, Table table, const StoryFindings& sto
     const auto all = Weighed(story);
     const auto shown = Choose(all, sheet.content.options.detail, AxialWeight);
     std::string cells;
+    FigureRow row;
     for (const MemberFindings* const member : shown) {
         cells.clear();
-        AppendAxialCells(cells, story, *member);
+        AppendAxialCells(cells, row, story, *member);
         table.Row(cells);
     }
     table.SumRow("<th scope=\"row\" colspan=\"3\">" + InBoth(Text("sum")) + "</th>" +
@@ -346,14 +349,16 @@ void AppendStoryDetails(std::string& html, const Sheet& sheet, const EmptyTables
 
 }  // namespace
 
-void MemberAppendix(const Sheet& sheet, std::string& html) {
+void MemberAppendix(const Sheet& sheet, std::string& html, const std::function<void()>& handOn) {
     if (sheet.content.options.detail == SheetDetail::kNone || sheet.findings.stories.empty())
         return;
     const EmptyTables empty{EmptyMemberTable(sheet), EmptyAxialTable(sheet)};
     html += OpenTag("section", {{"id", "A1"}, {"class", "own-page"}});
     html += Heading("A1", Text("A1"));
     html += SmallPrint(Text("A1 legend"));
-    for (std::size_t i = sheet.StoryCount(); i-- > 0;)
+    for (std::size_t i = sheet.StoryCount(); i-- > 0;) {
         AppendStoryDetails(html, sheet, empty, sheet.findings.stories[i]);
+        handOn();
+    }
     html += "</section>\n";
 }

@@ -1,6 +1,7 @@
 #include "sheet/plan.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <set>
 
@@ -151,12 +152,13 @@ public:
           plan_(plan),
           beams_(beams),
           story_(story),
-          mark_(MarkSize()),
-          bar_(std::clamp(0.8 * Spacing(), kShortestBar, kLongestBar)),
+          spacing_(Spacing()),
+          mark_(std::clamp(0.3 * spacing_, kSmallestMark, kMark)),
+          bar_(std::clamp(0.8 * spacing_, kShortestBar, kLongestBar)),
           svg_(kWidth, plan.height, Title(), Text("plan description")),
           places_({0.5, 0.5, kWidth - 0.5, plan.Bottom()}) {}
 
-    std::string Html() {
+    void AppendHtml(std::string& html) {
         DrawBox();
         DrawGrid();
         DrawBeams();
@@ -171,29 +173,29 @@ public:
         DrawDistances();
         DrawNumbers();
         DrawFoot();
-        return svg_.Html();
+        svg_.AppendHtml(html);
     }
 
 private:
     // The smallest distance on the page between two upright members, along either axis.
     double Spacing() const {
-        std::array<std::set<long>, 2> lines;  // tenths
+        std::array<std::vector<long>, 2> lines;  // tenths
         for (const MemberFindings& member : story_.members) {
             if (!member.upright) continue;
             const Point at = plan_.At(member.x, member.v);
-            lines[kX].insert(std::lround(10.0 * at.x));
-            lines[kZ].insert(std::lround(10.0 * at.y));
+            lines[kX].push_back(std::lround(10.0 * at.x));
+            lines[kZ].push_back(std::lround(10.0 * at.y));
         }
         double smallest = kWidth;
-        for (const auto& along : lines)
-            for (auto line = along.begin(); line != along.end() && std::next(line) != along.end();
-                 ++line) {
-                const double apart = static_cast<double>(*std::next(line) - *line) / 10.0;
+        for (auto& along : lines) {
+            std::ranges::sort(along);
+            for (std::size_t i = 1; i < along.size(); ++i) {
+                const double apart = static_cast<double>(along[i] - along[i - 1]) / 10.0;
                 if (apart > 0.5) smallest = std::min(smallest, apart);
             }
+        }
         return smallest;
     }
-    double MarkSize() const { return std::clamp(0.3 * Spacing(), kSmallestMark, kMark); }
 
     FilledWords Title() const {
         return Filled(Text("plan title"), {{"story", sheet_.names.Story(story_.number)}});
@@ -336,11 +338,13 @@ private:
                               std::lround(20.0 * b.x), std::lround(20.0 * b.y)};
         };
         for (const MemberFindings& member : story_.members)
-            if (const auto ends = EndsOf(member.number); ends && !member.upright)
-                lines.insert(keyOf(ends->lower, ends->upper));
+            if (!member.upright)
+                if (const auto ends = EndsOf(member.number))
+                    lines.insert(keyOf(ends->lower, ends->upper));
         for (const MemberFindings& member : story_.members) {
+            if (member.upright) continue;
             const auto ends = EndsOf(member.number);
-            if (member.upright || !ends) continue;
+            if (!ends) continue;
             const bool hasTwin = lines.contains(keyOf(ends->upper, ends->lower));
             const Ends drawn = hasTwin ? MovedAside(*ends, kBraceAside) : *ends;
             svg_.Line(drawn.lower, drawn.upper, {kBlack, 0.6, "1.6 0.8"});
@@ -453,7 +457,7 @@ private:
         const double width = TextWidth(text, kLabelSize);
         const double x = std::clamp(edge.x - width / 2.0, 1.0, kWidth - 1.0 - width);
         const double y = edge.y > plan_.Bottom() / 2.0 ? edge.y - 3.0 : edge.y + 4.6;
-        const Rectangle box = places_.Take({LabelBox({x, y}, width, kLabelSize)});
+        const Rectangle box = places_.Take(std::array{LabelBox({x, y}, width, kLabelSize)});
         svg_.Text({box.left, box.bottom - 0.12 * kLabelSize},
                   {.size = kLabelSize, .isBold = true, .hasHalo = true}, HtmlText(text));
     }
@@ -563,14 +567,14 @@ private:
             if (const auto ends = EndsOf(member.number))
                 at = {at.x + 0.3 * (ends->upper.x - at.x), at.y + 0.3 * (ends->upper.y - at.y)};
         const double left = at.x - width - 1.3, right = at.x + 1.3, middle = at.x - width / 2.0;
-        std::vector<Rectangle> candidates;
-        for (const Point base :
-             {Point{right, at.y + 2.9}, Point{left, at.y + 2.9}, Point{middle, at.y + 3.4},
-              Point{left, at.y - 1.5}, Point{right, at.y - 1.5}, Point{left - 0.3, at.y + 0.8},
-              Point{right + 0.3, at.y + 0.8}, Point{middle, at.y - 2.0}, Point{middle, at.y + 5.6},
-              Point{right, at.y + 5.2}, Point{left, at.y + 5.2}})
-            candidates.push_back(LabelBox(base, width, kLabelSize));
-        const Rectangle box = places_.Take(candidates);
+        const auto label = [width](double x, double y) {
+            return LabelBox({x, y}, width, kLabelSize);
+        };
+        const Rectangle box = places_.Take(std::array{
+            label(right, at.y + 2.9), label(left, at.y + 2.9), label(middle, at.y + 3.4),
+            label(left, at.y - 1.5), label(right, at.y - 1.5), label(left - 0.3, at.y + 0.8),
+            label(right + 0.3, at.y + 0.8), label(middle, at.y - 2.0), label(middle, at.y + 5.6),
+            label(right, at.y + 5.2), label(left, at.y + 5.2)});
         return {{box.left, box.bottom - 0.12 * kLabelSize}, HtmlText(text)};
     }
 
@@ -593,8 +597,9 @@ private:
     const PlanScale& plan_;
     const std::vector<Beam>& beams_;
     const StoryFindings& story_;
-    double mark_;  // half a story member's square, mm
-    double bar_;   // of the greatest stiffness, mm
+    double spacing_;  // mm
+    double mark_;     // half a story member's square, mm
+    double bar_;      // of the greatest stiffness, mm
     Svg svg_;
     LabelPlaces places_;
 };
@@ -644,20 +649,19 @@ std::string Legend() {
 
 }  // namespace
 
-std::string Plans(const Sheet& sheet) {
+void AppendPlans(std::string& html, const Sheet& sheet) {
     const PlanScale plan = ScaleFor(sheet);
-    if (plan.building.isEmpty) return {};
+    if (plan.building.isEmpty) return;
     const std::vector<Beam> beams = BeamsOf(sheet.findings, plan);
-    std::string html = Legend();
+    html += Legend();
     for (std::size_t i = sheet.StoryCount(); i-- > 0;) {
         // Two beside each other stay together.
         const bool isFirst = (sheet.StoryCount() - 1 - i) % 2 == 0;
         if (isFirst) html += "<div class=\"figures plans\">";
         const StoryFindings& story = sheet.findings.stories[i];
         html += "<figure>";
-        html += Plan(sheet, plan, beams, story).Html();
+        Plan(sheet, plan, beams, story).AppendHtml(html);
         html += Concat({"<figcaption>", CaptionOf(sheet, story), "</figcaption></figure>"});
         if (!isFirst || i == 0) html += "</div>\n";
     }
-    return html;
 }

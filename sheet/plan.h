@@ -6,4 +6,4 @@
 
 /// A plan of every story, the top one first, all at the same scale: members, stiffness, both
 /// centres, and the box in which the centre of gravity must lie.
-std::string Plans(const Sheet& sheet);
+void AppendPlans(std::string& html, const Sheet& sheet);

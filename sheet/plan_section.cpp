@@ -13,6 +13,6 @@ void PlanSection(const Sheet& sheet, std::string& html) {
         html += SmallPrint(Text("no stories")) + "</section>\n";
         return;
     }
-    html += Plans(sheet);
+    AppendPlans(html, sheet);
     html += "</section>\n";
 }

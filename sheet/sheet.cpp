@@ -55,26 +55,10 @@ std::string Title(const SheetContent& content) {
     return HtmlText(path.substr(path.find_last_of("/\\") + 1) + " – " + title);
 }
 
-// About what a page takes, so that it need not be copied while it grows.
-std::size_t ExpectedSize(const SheetContent& content) {
-    constexpr std::size_t kWithoutStories = 60000;
-    constexpr std::size_t kPerStory = 32000;
-    constexpr std::size_t kPerMember = 1600;
-    std::size_t size = kWithoutStories + kPerStory * content.findings.stories.size();
-    for (const StoryFindings& story : content.findings.stories)
-        size += kPerMember * story.members.size();
-    return size;
-}
-
-}  // namespace
-
-std::string SheetHtml(const SheetContent& content) {
-    const Sheet sheet(content);
-    const bool isEnglish = content.options.language == SheetLanguage::kEnglish;
-    std::string html;
-    html.reserve(ExpectedSize(content));
-    html += "<!DOCTYPE html>\n<html lang=\"";
-    html += isEnglish ? "en" : "ja";
+// What stands before the sections.
+std::string Opening(const SheetContent& content) {
+    std::string html = "<!DOCTYPE html>\n<html lang=\"";
+    html += content.options.language == SheetLanguage::kEnglish ? "en" : "ja";
     html +=
         "\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
@@ -82,12 +66,33 @@ std::string SheetHtml(const SheetContent& content) {
         "<meta name=\"viewport\" content=\"width=device-width\">\n<title>";
     html += Title(content) + "</title>\n<style>" + StyleWithFoot(PageFoot(content)) +
             "</style>\n</head>\n<body>\n";
-    html += LanguageChoice(content.options.language) + "<main>\n";
+    return html + LanguageChoice(content.options.language) + "<main>\n";
+}
+
+}  // namespace
+
+void FormSheet(const SheetContent& content, const std::function<void(std::string_view)>& take) {
+    const Sheet sheet(content);
+    std::string html = Opening(content);
+    const auto handOn = [&html, &take] {
+        take(html);
+        html.clear();
+    };
     for (const auto section :
          {HeadSection, SummarySection, StoriesSection, AngleSection, RatioSection,
-          EccentricitySection, PlanSection, RemarkSection, MethodSection, InputSection,
-          MemberAppendix, ResultsAppendix, FilesAppendix})
+          EccentricitySection, PlanSection, RemarkSection, MethodSection, InputSection}) {
+        section(sheet, html);
+        handOn();
+    }
+    MemberAppendix(sheet, html, handOn);
+    for (const auto section : {ResultsAppendix, FilesAppendix})
         section(sheet, html);
     html += "</main>\n</body>\n</html>\n";
+    handOn();
+}
+
+std::string SheetHtml(const SheetContent& content) {
+    std::string html;
+    FormSheet(content, [&html](std::string_view piece) { html += piece; });
     return html;
 }

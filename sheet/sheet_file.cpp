@@ -1,13 +1,17 @@
 #include "sheet/sheet_file.h"
 
+#include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "platform/file_facts.h"
 #include "platform/native_path.h"
 #include "platform/sha256.h"
 #include "platform/system_name.h"
+#include "platform/whole_file.h"
 #include "route2/report_paths.h"
 #include "sheet/input_as_read.h"
+#include "sheet/sheet.h"
 
 namespace {
 
@@ -48,12 +52,13 @@ std::string SpacedTime(std::string time) {
 
 }  // namespace
 
-SheetContent FormSheetContent(const Findings& findings, const InputCheck& input,
+SheetContent FormSheetContent(Findings findings, const InputCheck& input,
                               const SheetSources& sources) {
     const bool tellsTime = !sources.dateIsGiven;
     const bool hasResults = findings.end.resultsWritten;
     SheetContent content;
-    content.findings = findings;
+    content.inputAsRead = FormInputAsRead(input, findings);
+    content.findings = std::move(findings);
     content.run = sources.run;
     content.program = sources.program;
     if (tellsTime) content.platform = kSystemName;
@@ -64,10 +69,17 @@ SheetContent FormSheetContent(const Findings& findings, const InputCheck& input,
     content.input = Described(sources.run.inputPath, tellsTime, sources.run.inputSha256);
     content.results = DescribedReport(sources.resultsPath, hasResults, tellsTime);
     content.log = Described(sources.logPath, tellsTime);
-    content.inputAsRead = FormInputAsRead(input, findings);
     content.sheetLines = SheetLinesOf(input.text);
     content.options = sources.options;
     return content;
+}
+
+void WriteSheetFile(const SheetContent& content, const std::string& path) {
+    WholeFile file(path);
+    FormSheet(content, [&file](std::string_view piece) {
+        std::fwrite(piece.data(), 1, piece.size(), file.Stream());
+    });
+    file.Finish();
 }
 
 std::string SheetPath(const std::string& modelPath) {

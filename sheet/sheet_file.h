@@ -21,8 +21,11 @@ struct SheetSources {
 
 /// The content of the sheet of a run: its findings, its input file and its files with their
 /// digests.
-SheetContent FormSheetContent(const Findings& findings, const InputCheck& input,
+SheetContent FormSheetContent(Findings findings, const InputCheck& input,
                               const SheetSources& sources);
+
+/// Writes the sheet, whole or not at all. Throws WholeFileError (platform/whole_file.h).
+void WriteSheetFile(const SheetContent& content, const std::string& path);
 
 /// Where the sheet of a model stands unless it is told: beside log and results, with their stem.
 std::string SheetPath(const std::string& modelPath);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 
 #include "sheet/model_members.h"
@@ -20,7 +21,8 @@ struct Sheet {
     std::size_t StoryCount() const { return findings.stories.size(); }
 };
 
-// The sections of a sheet, each added to the HTML, in their order.
+// The sections of a sheet, each added to the HTML, in their order. One that can be very long hands
+// on and empties now and then what stands in `html`.
 
 void HeadSection(const Sheet& sheet, std::string& html);
 void SummarySection(const Sheet& sheet, std::string& html);       // S1
@@ -32,6 +34,7 @@ void PlanSection(const Sheet& sheet, std::string& html);          // S6
 void RemarkSection(const Sheet& sheet, std::string& html);        // S7
 void MethodSection(const Sheet& sheet, std::string& html);        // S8
 void InputSection(const Sheet& sheet, std::string& html);         // S9
-void MemberAppendix(const Sheet& sheet, std::string& html);       // A1
-void ResultsAppendix(const Sheet& sheet, std::string& html);      // A2
-void FilesAppendix(const Sheet& sheet, std::string& html);        // A3
+void MemberAppendix(const Sheet& sheet, std::string& html,
+                    const std::function<void()>& handOn);     // A1
+void ResultsAppendix(const Sheet& sheet, std::string& html);  // A2
+void FilesAppendix(const Sheet& sheet, std::string& html);    // A3

@@ -19,7 +19,11 @@ void AppendAttribute(std::string& html, std::string_view name, std::string_view 
 }
 
 void AppendLength(std::string& html, std::string_view name, double value) {
-    AppendAttribute(html, name, LengthText(value));
+    html += ' ';
+    html += name;
+    html += "=\"";
+    AppendLengthText(html, value);
+    html += '"';
 }
 
 void AppendStroke(std::string& html, const Stroke& stroke) {
@@ -30,9 +34,9 @@ void AppendStroke(std::string& html, const Stroke& stroke) {
 }
 
 void AppendPoint(std::string& html, Point point) {
-    html += LengthText(point.x);
+    AppendLengthText(html, point.x);
     html += ' ';
-    html += LengthText(point.y);
+    AppendLengthText(html, point.y);
 }
 
 void AppendPoints(std::string& html, const std::vector<Point>& points) {
@@ -46,19 +50,24 @@ void AppendPoints(std::string& html, const std::vector<Point>& points) {
 
 void AppendLineOfPath(std::string& html, Point from, Point to) {
     const std::string x = LengthText(to.x), y = LengthText(to.y);
-    const std::string fromX = LengthText(from.x), fromY = LengthText(from.y);
-    for (const std::string_view part :
-         {"M"sv, std::string_view(fromX), " "sv, std::string_view(fromY)})
-        html += part;
-    if (y == fromY) {
+    html += 'M';
+    const std::size_t placeOfX = html.size();
+    AppendLengthText(html, from.x);
+    html += ' ';
+    const std::size_t placeOfY = html.size();
+    AppendLengthText(html, from.y);
+    const std::string_view written = html;
+    if (written.substr(placeOfY) == y) {
         html += 'H';
         html += x;
-    } else if (x == fromX) {
+    } else if (written.substr(placeOfX, placeOfY - 1 - placeOfX) == x) {
         html += 'V';
         html += y;
     } else {
-        for (const std::string_view part : {"L"sv, std::string_view(x), " "sv, std::string_view(y)})
-            html += part;
+        html += 'L';
+        html += x;
+        html += ' ';
+        html += y;
     }
 }
 
@@ -199,11 +208,13 @@ void Svg::Texts(const std::vector<PlacedText>& texts, const TextStyle& style) {
     AppendStyle(body_, style);
     body_ += '>';
     for (const auto& [at, html] : texts) {
-        body_ += "<text";
-        AppendLength(body_, "x", at.x);
-        AppendLength(body_, "y", at.y);
-        for (const std::string_view part : {">"sv, std::string_view(html), "</text>"sv})
-            body_ += part;
+        body_ += "<text x=\"";
+        AppendLengthText(body_, at.x);
+        body_ += "\" y=\"";
+        AppendLengthText(body_, at.y);
+        body_ += "\">";
+        body_ += html;
+        body_ += "</text>";
     }
     body_ += "</g>\n";
 }
@@ -220,6 +231,12 @@ void Svg::Close() {
 
 std::string Svg::Html() const {
     return Concat({head_, body_, "</svg>"});
+}
+
+void Svg::AppendHtml(std::string& html) const {
+    html += head_;
+    html += body_;
+    html += "</svg>";
 }
 
 std::string DrawnInBoth(Words words) {

@@ -84,6 +84,9 @@ public:
 
     std::string Html() const;
 
+    /// The same, added to HTML.
+    void AppendHtml(std::string& html) const;
+
 private:
     void End(const Stroke& stroke);
 

@@ -25,21 +25,32 @@ void AppendAttribute(std::string& html, std::string_view name, std::string_view 
     html += '"';
 }
 
-void AppendNumber(std::string& html, std::string_view name, std::int32_t value) {
+// `opening`: up to the number, as in ` rowspan="`.
+void AppendNumber(std::string& html, std::string_view opening, std::int32_t value) {
     std::array<char, 16> digits{};
-    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    AppendAttribute(html, name, {digits.data(), end});
+    char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    *end++ = '"';
+    html += opening;
+    html.append(digits.data(), end);
 }
 
 // The attributes of a place but for its key.
 void AppendPlace(std::string& html, const FigurePlace& place) {
-    if (place.story) AppendNumber(html, "data-story", *place.story);
-    if (place.axis) AppendAttribute(html, "data-direction", *place.axis == kX ? "x" : "second");
-    if (place.member) AppendNumber(html, "data-member", *place.member);
+    if (place.story) AppendNumber(html, " data-story=\"", *place.story);
+    if (place.axis)
+        html += *place.axis == kX ? " data-direction=\"x\""sv : " data-direction=\"second\""sv;
+    if (place.member) AppendNumber(html, " data-member=\"", *place.member);
+}
+
+// The same with the key, of which the quotation mark behind it is left to come.
+void AppendFigureKey(std::string& html, std::string_view key) {
+    html += " data-figure=\"";
+    html += key;
 }
 
 void AppendFigureAttributes(std::string& html, const FigurePlace& place) {
-    AppendAttribute(html, "data-figure", place.key);
+    AppendFigureKey(html, place.key);
+    html += '"';
     AppendPlace(html, place);
 }
 
@@ -49,8 +60,8 @@ void OpenWithClass(std::string& html, std::string_view tag, std::string_view css
     if (!cssClass.empty()) AppendAttribute(html, "class", cssClass);
 }
 
-void AppendSpan(std::string& html, std::string_view name, int count) {
-    if (count > 1) AppendNumber(html, name, count);
+void AppendSpan(std::string& html, std::string_view opening, int count) {
+    if (count > 1) AppendNumber(html, opening, count);
 }
 
 std::string_view ClassOf(CodeVerdict verdict) {
@@ -68,8 +79,8 @@ std::string_view ClassOf(CodeVerdict verdict) {
 void AppendHeadCell(std::string& html, const HeadCell& cell) {
     html += "<th";
     AppendAttribute(html, "scope", cell.columns > 1 ? "colgroup" : "col");
-    AppendSpan(html, "colspan", cell.columns);
-    AppendSpan(html, "rowspan", cell.rows);
+    AppendSpan(html, " colspan=\"", cell.columns);
+    AppendSpan(html, " rowspan=\"", cell.rows);
     html += '>';
     AppendInBoth(html, cell.words);
     html += cell.note;
@@ -158,12 +169,17 @@ void Table::Leave() {
     part_ = Part::kNone;
 }
 
+void AppendRowHead(std::string& cells, std::string_view html, int rows) {
+    cells += "<th scope=\"row\"";
+    AppendSpan(cells, " rowspan=\"", rows);
+    cells += '>';
+    cells += html;
+    cells += "</th>";
+}
+
 std::string RowHead(std::string_view html, int rows) {
-    std::string cell = "<th scope=\"row\"";
-    AppendSpan(cell, "rowspan", rows);
-    cell += '>';
-    cell += html;
-    cell += "</th>";
+    std::string cell;
+    AppendRowHead(cell, html, rows);
     return cell;
 }
 
@@ -193,16 +209,17 @@ std::string NumberCell(std::string_view text, std::string_view cssClass) {
     return cell;
 }
 
-FigureRow::FigureRow(const FigurePlace& place) {
+void FigureRow::MoveTo(const FigurePlace& place) {
+    place_ = '"';
     AppendPlace(place_, place);
+    place_ += '>';
 }
 
 void FigureRow::AppendCell(std::string& html, std::string_view key, std::string_view text,
                            std::string_view cssClass) const {
     OpenWithClass(html, "td", cssClass);
-    AppendAttribute(html, "data-figure", key);
+    AppendFigureKey(html, key);
     html += place_;
-    html += '>';
     AppendHtmlText(html, text);
     html += "</td>";
 }

@@ -77,6 +77,7 @@ private:
 
 /// What the row is about: a heading for screen readers.
 std::string RowHead(std::string_view html, int rows = 1);
+void AppendRowHead(std::string& cells, std::string_view html, int rows = 1);
 
 /// The same of a row that is about a story.
 std::string StoryHead(const std::string& name, int rows = 1);
@@ -92,11 +93,11 @@ std::string FigureCell(const FigurePlace& place, std::string_view text,
 
 void AppendNumberCell(std::string& html, std::string_view text, std::string_view cssClass = {});
 
-/// The figures of one place, whose attributes are written once.
+/// The figures of one place at a time, whose attributes are written once.
 class FigureRow {
 public:
     /// The key of `place` is left open.
-    explicit FigureRow(const FigurePlace& place);
+    void MoveTo(const FigurePlace& place);
 
     void AppendCell(std::string& html, std::string_view key, std::string_view text,
                     std::string_view cssClass = {}) const;

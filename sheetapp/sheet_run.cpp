@@ -10,7 +10,6 @@
 #include "input/sheet_lines.h"
 #include "lint/input_remarks.h"
 #include "platform/whole_file.h"
-#include "sheet/sheet.h"
 #include "sheet/sheet_file.h"
 
 namespace {
@@ -67,7 +66,7 @@ void WriteSheet(const RunRequest& request, const RunHost& host, const InputCheck
     try {
         const SheetContent content =
             FormSheetContent(*result.outcome.findings, input, SourcesOf(request, host, result));
-        WriteWholeFile(path, SheetHtml(content));
+        WriteSheetFile(content, path);
         result.sheetPath = path;
     } catch (const std::exception& error) {
         result.sheetFailure = path + ": " + error.what();
