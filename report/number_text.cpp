@@ -94,8 +94,8 @@ std::string ScaledText(double whole, int decimals, const NumberStyle& style) {
     std::array<char, 64> buffer{};
     char* first = buffer.data() + buffer.size();
     const auto put = [&first](std::string_view text) {
-        first -= text.size();
-        text.copy(first, text.size());
+        for (std::size_t i = text.size(); i-- > 0;)
+            *--first = text[i];
     };
     auto rest = static_cast<std::uint64_t>(std::abs(whole));
     const auto putDigit = [&first, &rest] {
@@ -106,8 +106,11 @@ std::string ScaledText(double whole, int decimals, const NumberStyle& style) {
         putDigit();
     if (decimals > 0) *--first = '.';
     putDigit();
-    for (int digits = 1; rest > 0; ++digits) {
-        if (digits % 3 == 0) put(style.thousands);
+    for (int left = 2; rest > 0; --left) {
+        if (left == 0) {
+            put(style.thousands);
+            left = 3;
+        }
         putDigit();
     }
     if (whole < 0.0) put(style.minus);

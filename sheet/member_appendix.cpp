@@ -177,12 +177,10 @@ Table EmptyMemberTable(const Sheet& sheet) {
 std::string MemberTable(const Sheet& sheet, Table table, const StoryFindings& story) {
     const auto shown =
         Choose(Pointers(story.members), sheet.content.options.detail, TorsionalWeight);
-    std::string cells;
     FigureRow row;
     for (const MemberFindings* const member : shown) {
-        cells.clear();
-        AppendMemberCells(cells, sheet, row, *member, story.number);
-        table.Row(cells);
+        AppendMemberCells(table.OpenRow(), sheet, row, *member, story.number);
+        table.CloseRow();
     }
     table.SumRow("<th scope=\"row\" colspan=\"4\">" + InBoth(Text("sum")) + "</th>" +
                  SumCells(story, kX) + SumCells(story, kZ));
@@ -304,12 +302,10 @@ Table EmptyAxialTable(const Sheet& sheet) {
 std::string AxialTable(const Sheet& sheet, Table table, const StoryFindings& story) {
     const auto all = Weighed(story);
     const auto shown = Choose(all, sheet.content.options.detail, AxialWeight);
-    std::string cells;
     FigureRow row;
     for (const MemberFindings* const member : shown) {
-        cells.clear();
-        AppendAxialCells(cells, row, story, *member);
-        table.Row(cells);
+        AppendAxialCells(table.OpenRow(), row, story, *member);
+        table.CloseRow();
     }
     table.SumRow("<th scope=\"row\" colspan=\"3\">" + InBoth(Text("sum")) + "</th>" +
                  NumberCell(NumberText(story.weightAbove, kForceInDetailFormat)) +

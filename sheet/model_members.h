@@ -1,7 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
-#include <unordered_map>
+#include <vector>
 
 #include "route2/findings.h"
 
@@ -9,16 +10,22 @@
 class ModelMembers {
 public:
     explicit ModelMembers(const Findings& findings) {
+        byNumber_.reserve(findings.members.size());
         for (const ModelMember& member : findings.members)
-            byNumber_.try_emplace(member.number, &member);
+            byNumber_.push_back(&member);
+        // Mostly they are in this order already.
+        if (!std::ranges::is_sorted(byNumber_, {}, NumberOf))
+            std::ranges::stable_sort(byNumber_, {}, NumberOf);
     }
 
     /// Null when there is none.
     const ModelMember* Find(std::int32_t number) const {
-        const auto found = byNumber_.find(number);
-        return found == byNumber_.end() ? nullptr : found->second;
+        const auto found = std::ranges::lower_bound(byNumber_, number, {}, NumberOf);
+        return found == byNumber_.end() || (*found)->number != number ? nullptr : *found;
     }
 
 private:
-    std::unordered_map<std::int32_t, const ModelMember*> byNumber_;
+    static std::int32_t NumberOf(const ModelMember* member) { return member->number; }
+
+    std::vector<const ModelMember*> byNumber_;
 };

@@ -272,6 +272,7 @@ private:
 
     void DrawBeams() {
         std::vector<std::pair<Point, Point>> lines;
+        lines.reserve(beams_.size() / findings_.stories.size());
         for (const Beam& beam : beams_)
             if (beam.IsAt(story_.upperLevel)) lines.emplace_back(beam.from, beam.to);
         svg_.Lines(lines, {kLightGrey, 0.25});
@@ -477,6 +478,7 @@ private:
                                           const std::string& measured) const {
         const double width = TextWidth(measured, kDistanceSize);
         std::vector<Rectangle> places;
+        places.reserve(100);
         const auto add = [&](double x, double y) {
             places.push_back(LabelBox({x, y}, width, kDistanceSize));
         };
@@ -542,10 +544,11 @@ private:
     }
 
     void DrawNumbers() {
-        std::set<std::int32_t> done;
+        std::vector<std::int32_t> done;  // few
         std::vector<Svg::PlacedText> plain, worst;
         const auto place = [&](const MemberFindings& member) {
-            if (!done.insert(member.number).second) return;
+            if (std::ranges::find(done, member.number) != done.end()) return;
+            done.push_back(member.number);
             const bool isWorst = !WorstMark(member.number).empty();
             (isWorst ? worst : plain).push_back(PlaceNumber(member));
         };

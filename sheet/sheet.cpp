@@ -8,6 +8,7 @@
 namespace {
 
 constexpr std::size_t kShownDigestDigits = 16;
+constexpr std::size_t kLeastPiece = 131072;  // bytes; many small writes take longer
 
 // What stands at the foot of every page, within a string of the style sheet.
 std::string PageFoot(const SheetContent& content) {
@@ -75,6 +76,7 @@ void FormSheet(const SheetContent& content, const std::function<void(std::string
     const Sheet sheet(content);
     std::string html = Opening(content);
     const auto handOn = [&html, &take] {
+        if (html.size() < kLeastPiece) return;
         take(html);
         html.clear();
     };
@@ -88,7 +90,7 @@ void FormSheet(const SheetContent& content, const std::function<void(std::string
     for (const auto section : {ResultsAppendix, FilesAppendix})
         section(sheet, html);
     html += "</main>\n</body>\n</html>\n";
-    handOn();
+    take(html);
 }
 
 std::string SheetHtml(const SheetContent& content) {

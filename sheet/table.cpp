@@ -117,11 +117,21 @@ void Table::HeadRow(const std::vector<HeadCell>& cells) {
     html_ += "</tr>\n";
 }
 
-void Table::Row(std::string_view cells, std::string_view attributes) {
+std::string& Table::OpenRow(std::string_view attributes) {
     Enter(Part::kRows, kRows);
     lastRow_ = html_.size();
-    for (const std::string_view part : {"<tr"sv, attributes, ">"sv, cells, "</tr>\n"sv})
+    for (const std::string_view part : {"<tr"sv, attributes, ">"sv})
         html_ += part;
+    return html_;
+}
+
+void Table::CloseRow() {
+    html_ += "</tr>\n";
+}
+
+void Table::Row(std::string_view cells, std::string_view attributes) {
+    OpenRow(attributes) += cells;
+    CloseRow();
 }
 
 void Table::Together(const std::vector<std::string>& rowsOfCells) {

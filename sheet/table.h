@@ -52,6 +52,11 @@ public:
     /// `cells`: the row's cells, HTML.
     void Row(std::string_view cells, std::string_view attributes = {});
 
+    /// The same for a row whose cells are added to the HTML that this gives, which is the table's
+    /// own; to be closed before anything else is called.
+    std::string& OpenRow(std::string_view attributes = {});
+    void CloseRow();
+
     /// Rows that stay on one page, such as those of one story.
     void Together(const std::vector<std::string>& rowsOfCells);
 
