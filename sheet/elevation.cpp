@@ -10,15 +10,14 @@
 #include "route2/node_table.h"
 #include "route2/tolerances.h"
 #include "sheet/drawing_parts.h"
+#include "sheet/first_page.h"
 #include "sheet/html.h"
 #include "sheet/label_places.h"
 #include "sheet/texts.h"
 
 namespace {
 
-constexpr double kWidth = 86.0;           // of one view, mm on paper
-constexpr double kGreatestHeight = 95.0;  // of the building in it
-constexpr double kSmallestHeight = 26.0;
+constexpr double kWidth = 86.0;  // of one view, mm on paper
 constexpr double kLeft = 5.0;
 constexpr double kTop = 5.5;
 constexpr double kBelow = 7.5;          // supports, ground, axis
@@ -29,13 +28,6 @@ constexpr double kTextSize = 2.3;
 constexpr double kTextGap = 3.0;
 constexpr double kRoomBetween = 6.2;          // a story this high has its name between its levels
 constexpr std::size_t kNamesEveryLevel = 16;  // stories from which every second level is named
-constexpr std::size_t kMostStoriesOnFirstPage = 8;
-
-// How high the building may be drawn so that the first page holds everything up to the tables.
-double HeightLimit(std::size_t stories) {
-    if (stories > kMostStoriesOnFirstPage) return kGreatestHeight;
-    return std::clamp(70.0 - 7.6 * static_cast<double>(stories), kSmallestHeight, kGreatestHeight);
-}
 
 // --- What is drawn -------------------------------------------------------------------------------
 
@@ -315,7 +307,7 @@ ViewSize SizeFor(const Sheet& sheet, const Extent& vertical, double width, bool 
     size.storyNames = kNameGap + (storiesAside ? levels : 1.0);
     size.names = std::max(kNameGap + levels, size.storyNames + stories);
     const double room = kWidth - kLeft - size.names - 6.0;
-    const double limit = HeightLimit(findings.stories.size());
+    const double limit = GreatestElevation(sheet);
     size.scale = limit / std::max(vertical.Size(), 1.0);
     if (width > 0.0) size.scale = std::min(size.scale, room / width);
     size.height = vertical.Size() * size.scale;

@@ -1,5 +1,6 @@
 #include "sheet/sheet.h"
 
+#include "sheet/first_page.h"
 #include "sheet/html.h"
 #include "sheet/sheet_parts.h"
 #include "sheet/style.h"
@@ -57,7 +58,7 @@ std::string Title(const SheetContent& content) {
 }
 
 // What stands before the sections.
-std::string Opening(const SheetContent& content) {
+std::string Opening(const SheetContent& content, bool isFirstPageCrowded) {
     std::string html = "<!DOCTYPE html>\n<html lang=\"";
     html += content.options.language == SheetLanguage::kEnglish ? "en" : "ja";
     html +=
@@ -65,16 +66,19 @@ std::string Opening(const SheetContent& content) {
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src "
         "'unsafe-inline'\">\n"
         "<meta name=\"viewport\" content=\"width=device-width\">\n<title>";
-    html += Title(content) + "</title>\n<style>" + StyleWithFoot(PageFoot(content)) +
-            "</style>\n</head>\n<body>\n";
-    return html + LanguageChoice(content.options.language) + "<main>\n";
+    html += Title(content) + "</title>\n<style>" + StyleWithFoot(PageFoot(content));
+    if (isFirstPageCrowded) html += kStyleOfCrowdedFirstPage;
+    html += "</style>\n</head>\n<body>\n";
+    return html + LanguageChoice(content.options.language);
 }
 
 }  // namespace
 
 void FormSheet(const SheetContent& content, const std::function<void(std::string_view)>& take) {
     const Sheet sheet(content);
-    std::string html = Opening(content);
+    const bool isCrowded = IsFirstPageCrowded(sheet);
+    std::string html = Opening(content, isCrowded);
+    html += isCrowded ? "<main class=\"crowded\">\n" : "<main>\n";
     const auto handOn = [&html, &take] {
         if (html.size() < kLeastPiece) return;
         take(html);

@@ -5,6 +5,7 @@
 #include "report/number_text.h"
 #include "sheet/concat.h"
 #include "sheet/elevation.h"
+#include "sheet/first_page.h"
 #include "sheet/html.h"
 #include "sheet/page_parts.h"
 #include "sheet/sheet_parts.h"
@@ -13,7 +14,6 @@
 
 namespace {
 
-constexpr std::size_t kMostStoriesOnFirstPage = 8;
 constexpr double kFullShare = 0.01;    // beside 1, of the story shear
 constexpr double kLargeAcross = 0.05;  // of the shear along
 

@@ -81,12 +81,32 @@ table.head{font-size:7.7pt}
 .alarm{color:#a00000;font-weight:bold}
 .errors ul{margin:0.5mm 0;padding-left:4mm}
 .todo{display:block}
+.crowded table.head td,.crowded table.head th{padding-top:0;padding-bottom:0}
+.crowded .write{height:4mm}
+.crowded h1{margin-bottom:1mm;padding-bottom:0.5mm}
+.crowded #S1>h2,.crowded #S2>h2{margin:1.5mm 0 0.8mm}
+.crowded .overall{padding:0.2mm 3mm;margin:0.6mm 0 1mm}
+.crowded .overall .counts{font-size:10pt;margin-left:2mm}
+.crowded .overall .counts .en{font-size:6.3pt}
+.crowded #S1 .verdict{font-size:7.4pt;line-height:1.05}
+.crowded .errors{font-size:7.4pt;line-height:1.22;padding:0.5mm 1.5mm;margin:0.6mm 0 1mm}
+.crowded .errors .en{font-size:6pt}
+.crowded .errors ul{margin:0}
+.crowded .errors .todo,.crowded .errors .en.below{display:inline}
+.crowded .errors .todo{margin-left:1mm}
+.crowded #S1 td,.crowded #S1 th{padding-top:0.2mm;padding-bottom:0.2mm}
+.crowded .extent,.crowded .footnote{font-size:7.2pt;line-height:1.15}
+.crowded #S2 .figures,.crowded #S2 .legends{margin:0}
+.crowded .tight tbody{font-size:6.9pt}
+.crowded .tight tbody td,.crowded .tight tbody th{line-height:1.06}
+.crowded #S2>.small{margin:0}
 .verdict{text-align:center;font-weight:bold}
 .verdict small,td small{font-weight:normal;font-size:6.5pt}
 .verdict small{margin-left:1.2mm}
 .verdict.ng{background:#fbd5d5;-webkit-print-color-adjust:exact;print-color-adjust:exact}
 .verdict.open{background:#fdf0c4;white-space:normal;-webkit-print-color-adjust:exact;print-color-adjust:exact}
 #en:checked~main .verdict.open::after{content:"not determinable";display:block;font-size:6pt;font-weight:normal}
+#en:checked~main #S1 .verdict.open::after{font-size:5.4pt}
 td.differs{outline:0.5mm solid #000;outline-offset:-0.5mm}
 sup[data-note]{font-weight:normal;font-size:6.2pt;margin-left:0.5mm;vertical-align:super}
 .governs{font-weight:bold;text-decoration:underline;text-underline-offset:0.5mm}
@@ -173,6 +193,9 @@ section,header{overflow-x:auto}
 section>table{min-width:172mm}
 }
 )css";
+
+const std::string_view kStyleOfCrowdedFirstPage =
+    "@page:first{margin-top:10mm;margin-bottom:12mm}\n";
 
 std::string StyleWithFoot(std::string_view foot) {
     constexpr std::string_view kPlace = "PAGE_FOOT";

@@ -25,12 +25,17 @@ TITLE_WORD_POINTS = 24.8
 # Levels between the floors: columns that are not counted, stories without members, many remarks.
 FLOORS_THAT_ARE_NONE = ("DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n"
                         "FloorLevel,0,5000,6000,6500,8600,12200,15800,19400,\nFIN\n")
+# Errors that stand on the first page: one case for both directions, so that much is not calculated.
+ONE_CASE_TWICE = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,2,\nFIN\n"
+LAST_LINE_OF_STORIES = "Compare C with the load calculation"
+MOST_STORIES_ON_FIRST_PAGE = 8
 MOST_BODY_PAGES = 7  # of a building of up to eight stories
 # Pages of towers before the appendix. Up to eight stories: summary and stories share a page; a page
 # for each check, two with thirty stories; one for the method and the input. Six plans fill a page;
 # remarks follow on their last one, or on the next where that is full. Nine stories have a page to
 # themselves, thirty have two.
-TOWER_PAGES = {3: 1 + 3 + 1 + 1, 5: 1 + 3 + 1 + 1 + 1, 9: 2 + 3 + 2 + 1, 30: 3 + 6 + 5 + 1 + 1}
+TOWER_PAGES = {3: 1 + 3 + 1 + 1, 5: 1 + 3 + 1 + 1 + 1, 8: 1 + 3 + 2 + 1, 9: 2 + 3 + 2 + 1,
+               30: 3 + 6 + 5 + 1 + 1}
 APPENDIX_PAGES_A_STORY = 0.9  # half for its members, a quarter for the results, and what stays empty
 TOLERANCE_MM = 0.4
 WORD = re.compile(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">(.*?)<')
@@ -90,6 +95,12 @@ def body_pages(printed, pages):
     return pages
 
 
+def first_page_holds_the_stories(printed):
+    """What is wrong with the input is seen there: elevations, counts, shares, and all errors."""
+    words = run("pdftotext", "-l", 1, printed, "-").split()
+    return LAST_LINE_OF_STORIES in " ".join(words)
+
+
 def with_marked_rows(html):
     """The page with two texts in every row of a table that nobody sees: one at the row's top, one
     at its bottom."""
@@ -143,10 +154,14 @@ def check(cli, browser, model, input_text, language, folder):
         yield f"the paper is {paper}"
     if language == "both" and abs((width_of_title(printed) or 0) - TITLE_WORD_POINTS) > 0.5:
         yield f"the page was shrunk, for something is too wide: {width_of_title(printed)}"
-    if stories <= 8 and body > MOST_BODY_PAGES and input_text != FLOORS_THAT_ARE_NONE:
+    has_many_remarks = input_text in (FLOORS_THAT_ARE_NONE, ONE_CASE_TWICE)
+    if stories <= 8 and body > MOST_BODY_PAGES and not has_many_remarks:
         yield f"{body} pages before the appendix"
     if input_text == INPUT and body != TOWER_PAGES[stories]:
         yield f"{body} pages before the appendix, not {TOWER_PAGES[stories]}"
+    if (input_text in (INPUT, ONE_CASE_TWICE) and stories <= MOST_STORIES_ON_FIRST_PAGE
+            and language != "ja" and not first_page_holds_the_stories(printed)):
+        yield "the stories do not end on the first page"
     if input_text == INPUT and pages - body > 1 + APPENDIX_PAGES_A_STORY * stories:
         yield f"{pages - body} pages of appendix"
     if asked:
@@ -165,8 +180,10 @@ def cases(examples):
                    model.with_suffix(".csv").read_text(encoding="utf-8"), language)
     office = (examples / "five_story_office_z_up.qhm").read_text(encoding="utf-8")
     yield "floors that are none", office, FLOORS_THAT_ARE_NONE, "both"
-    for stories, language in ((3, "ja"), (5, "en"), (9, "both"), (30, "both")):
+    for stories, language in ((3, "ja"), (5, "en"), (8, "both"), (9, "both"), (30, "both")):
         yield f"tower of {stories}", tower(stories), INPUT, language
+    for stories, language in ((2, "both"), (5, "both"), (8, "both"), (8, "en")):
+        yield f"tower of {stories} with errors", tower(stories), ONE_CASE_TWICE, language
 
 
 def main():
