@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <string_view>
 
 namespace {
 
@@ -40,7 +41,7 @@ void AppendLengthText(std::string& html, double length) {
         whole /= 10;
     } while (whole > 0);
     if (bounded < 0.0 && amount > 0) *--first = '-';
-    html.append(first, end);
+    html += std::string_view(first, end);
 }
 
 std::string LengthText(double length) {

@@ -31,7 +31,7 @@ void AppendNumber(std::string& html, std::string_view opening, std::int32_t valu
     char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     *end++ = '"';
     html += opening;
-    html.append(digits.data(), end);
+    html += std::string_view(digits.data(), end);
 }
 
 // The attributes of a place but for its key.
