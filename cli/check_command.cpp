@@ -170,7 +170,7 @@ bool MakeFolder(const std::string& folder) {
 CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
                         const CheckOptions& options, const FileGuard& guard) {
     if (!MakeFolder(options.reportFolder)) return {{}, {}, kExitUsage, {}};
-    const InputCheck input = CheckInputFile(inputPath);
+    InputCheck input = CheckInputFile(inputPath);
     if (options.lintsInput == LintsInput::kYes)
         CautionAboutInput(input, inputPath, options.detail == Detail::kQuiet);
     ReportPaths reports;
@@ -183,7 +183,7 @@ CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
     CautionAboutReports(reports, outcome);
     if (!outcome.complete) TellWhyItEnded(outcome);
     const ExitCode code = CodeOf(outcome, areFiguresLeft, options.failOn);
-    return {std::move(outcome), reports, code, input};
+    return {std::move(outcome), reports, code, std::move(input)};
 }
 
 ExitCode CheckBuilding(const std::string& path, const std::string& inputPath,

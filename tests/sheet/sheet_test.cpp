@@ -171,6 +171,22 @@ TEST_F(CalculationSheet, HasTheMinusOfItsTablesInItsRemarks) {
                 HasSubstr("tower-2.csv, FloorLevel,0,-1200 (−5 mm)"));
 }
 
+// The page is handed on in pieces while it is formed.
+TEST_F(CalculationSheet, IsTheSameInAFileAsInMemory) {
+    const TestFolder folder;
+    const SheetContent content = ContentOfRun(host, kSmallBuildingInput);
+    WriteSheetFile(content, folder.Path("sheet.html"));
+    EXPECT_EQ(SheetHtml(content), folder.Read("sheet.html"));
+}
+
+TEST_F(CalculationSheet, CrowdsItsFirstPageOnlyForErrors) {
+    SheetContent content = ContentOfRun(host, kSmallBuildingInput);
+    EXPECT_THAT(SheetHtml(content), Not(HasSubstr("<main class=\"crowded\">")));
+    content.findings.remarks.emplace_back().kind = RemarkKind::kError;
+    EXPECT_THAT(SheetHtml(content), HasSubstr("<main class=\"crowded\">"));
+    EXPECT_THAT(SheetHtml(content), HasSubstr("@page:first{"));
+}
+
 TEST_F(CalculationSheet, MarksTheRowsThatTheResultsFileDoesNotHold) {
     SheetContent content = ContentOfRun(host, kSmallBuildingInput);
     EXPECT_THAT(Section(SheetHtml(content), "A2"), Not(HasSubstr("R26")));
