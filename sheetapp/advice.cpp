@@ -16,7 +16,9 @@ enum class Trouble {
     kHostGone,
     kHostDenies,
     kHostFails,
+    kRecordingFails,
     kNoResults,
+    kRecordingWithoutResults,
     kLogHeld,
     kLogNotWritten,
     kInputWithoutEnd,
@@ -67,17 +69,28 @@ constexpr Words kWords[] = {
     {Trouble::kHostFails, "A call to the host failed: {1}.", "ホストの呼出しが失敗しました: {1}",
      "See whether the host shows a message, then press Again.",
      "ホストにメッセージが出ていないか確認し、「再実行」を押してください。"},
+    {Trouble::kRecordingFails, "The recorded building has no such answer: {1}.",
+     "建物の記録に答えがありません: {1}",
+     "The input file may be another building's: choose the one of this building, or record it "
+     "again.",
+     "入力ファイルが別の建物のものかもしれません。この建物の入力ファイルを選択するか、建物を記録し"
+     "直して"
+     "ください。"},
     {Trouble::kNoResults, "The model has no analysis results.", "モデルに解析結果がありません。",
      "Run the analysis in the host, then press Again.",
      "ホストで解析を実行し、「再実行」を押してください。"},
+    {Trouble::kRecordingWithoutResults, "The recorded building has no analysis results.",
+     "建物の記録に解析結果がありません。",
+     "Run the analysis in the host, record the building again, then press Again.",
+     "ホストで解析を実行して建物を記録し直し、「再実行」を押してください。"},
     {Trouble::kLogHeld, "The log {1} is in use by another run or program.",
      "処理記録 {1} を別の計算かプログラムが使用中です。", "Close it there, then press Again.",
      "そちらを閉じて、「再実行」を押してください。"},
     {Trouble::kLogNotWritten, "The log {1} cannot be written.", "処理記録 {1} を書き込めません。",
-     "Log, results and sheet go beside the model. Save the model in a folder where you may write, "
-     "then press Again.",
+     "Log, results and sheet go beside the model. Put it in a folder where you may write, and see "
+     "that none of these files there is read-only; then press Again.",
      "処理記録・結果・計算書はモデルと同じフォルダに作成します。書込みのできるフォルダにモデルを"
-     "保存して、「再実行」を押してください。"},
+     "置き、これらのファイルが読取り専用でないことを確認して、「再実行」を押してください。"},
     {Trouble::kInputWithoutEnd, "The input file cannot be read to a line that begins with FIN.",
      "入力ファイルを FIN で始まる行まで読めません。", "Write FIN as its last line.",
      "最終行に FIN を書いてください。"},
@@ -91,8 +104,11 @@ constexpr Words kWords[] = {
      "See the log, then press Again.", "処理記録を確認し、「再実行」を押してください。"},
     {Trouble::kResultsNotWritten, "The results {1} could not be written.",
      "結果 {1} を書き込めませんでした。",
-     "Close the file in the spreadsheet, then press Again: what stands there is of an earlier run.",
-     "表計算ソフトでファイルを閉じて、「再実行」を押してください。今あるものは以前の結果です。"},
+     "Close the file in the spreadsheet, or take its write protection off, then press Again. What "
+     "stands there is of an earlier run.",
+     "表計算ソフトでファイルを閉じるか、読取り専用を解除して、「再実行」を押してください。今あるも"
+     "のは"
+     "以前の結果です。"},
     {Trouble::kIncomplete, "{1} is incomplete.", "{1} が最後まで書かれていません。",
      "See that the disk has room, then press Again.",
      "ディスクの空きを確認し、「再実行」を押してください。"},
@@ -137,7 +153,7 @@ Trouble TroubleOfStart(const RunOutcome& outcome) {
     return outcome.logIsHeld ? Trouble::kLogHeld : Trouble::kLogNotWritten;
 }
 
-Trouble TroubleOf(const RunResult& result) {
+Trouble TroubleOf(const RunResult& result, bool isRecorded) {
     const RunOutcome& outcome = result.outcome;
     const auto shows = [&result](StatusText line) {
         return std::ranges::find(result.lines, line) != result.lines.end();
@@ -148,9 +164,11 @@ Trouble TroubleOf(const RunResult& result) {
     if (shows(StatusText::kNoConnection))
         return result.hostWasBusy ? Trouble::kHostBusy : Trouble::kNoHost;
     if (!outcome.missingAnswer.empty()) return Trouble::kMissingAnswer;
-    if (outcome.hostFailed) return TroubleOfHost(outcome.hostStatus);
+    if (outcome.hostFailed)
+        return isRecorded ? Trouble::kRecordingFails : TroubleOfHost(outcome.hostStatus);
     if (outcome.filesCollide) return Trouble::kFilesCollide;
-    if (shows(StatusText::kResultsNotAvailable)) return Trouble::kNoResults;
+    if (shows(StatusText::kResultsNotAvailable))
+        return isRecorded ? Trouble::kRecordingWithoutResults : Trouble::kNoResults;
     if (shows(StatusText::kInitializeFailed)) return TroubleOfStart(outcome);
     return Trouble::kOther;
 }
@@ -158,7 +176,7 @@ Trouble TroubleOf(const RunResult& result) {
 }  // namespace
 
 Advice AdviceOnFailure(const RunRequest& request, const RunResult& result, Language language) {
-    const Trouble trouble = TroubleOf(result);
+    const Trouble trouble = TroubleOf(result, !request.recording.empty());
     switch (trouble) {
         case Trouble::kRecording:
             return AdviceOn(trouble, language, result.recordingFailure);

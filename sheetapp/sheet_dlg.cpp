@@ -18,6 +18,8 @@
 #include "sheetapp/filled_text.h"
 #include "sheetapp/finding_lines.h"
 #include "sheetapp/resource.h"
+#include "sheetapp/taken_files.h"
+#include "sheetapp/text_keys.h"
 #include "sheetapp/verdict_line.h"
 
 namespace {
@@ -28,11 +30,6 @@ constexpr UINT kFontChanged = WM_APP + 2;
 constexpr UINT_PTR kTimer = 1;
 constexpr UINT kTimerMs = 100;
 constexpr int kWholeBar = 10000;
-
-bool HasExtension(const std::wstring& path, const wchar_t* extension) {
-    const std::size_t dot = path.rfind(L'.');
-    return dot != std::wstring::npos && lstrcmpiW(path.c_str() + dot, extension) == 0;
-}
 
 std::string TimeText(std::chrono::seconds elapsed) {
     char text[32];
@@ -85,6 +82,7 @@ void SheetDialog::OnInitDialog() {
     for (const auto& [id, text] : texts)
         SetText(id, text);
     SendDlgItemMessageW(Window(), IDC_PROGRESS, PBM_SETRANGE32, 0, kWholeBar);
+    LeaveDialogKeysToTheDialog(GetDlgItem(Window(), IDC_LINES));
     MakeHeadlineFont();
     ShowInput();
     Enter(Stage::kChoosing);
@@ -148,6 +146,7 @@ std::optional<LRESULT> SheetDialog::OnMessage(UINT message, WPARAM wParam, LPARA
             return std::nullopt;
         case kFontChanged:
             MakeHeadlineFont();
+            PlaceButtons();
             return 0;
         default:
             return std::nullopt;
@@ -161,32 +160,24 @@ void SheetDialog::Begin() {
         ReceiveFiles(std::exchange(firstFiles_, {}));
 }
 
-// A recording and an input file may come together, in any order.
+// Nothing is taken while a window above this one waits for the user.
 void SheetDialog::ReceiveFiles(const std::vector<std::wstring>& files) {
-    if (stage_ == Stage::kRunning) return;
+    if (stage_ == Stage::kRunning || IsWindowEnabled(Window()) == FALSE) return;
     SetForegroundWindow(Window());
-    RunRequest before = std::exchange(request_, {});
+    std::vector<std::string> paths;
     for (const std::wstring& file : files)
-        TakeFile(FullPath(file));
-    if (request_.input.empty() && request_.recording.empty()) {
-        request_ = std::move(before);
-        return;
-    }
+        paths.push_back(NarrowText(FullPath(file).c_str()));
+    const TakenFiles taken = TakeFiles(paths);
+    if (!taken.stranger.empty())
+        return SetText(IDC_HEADLINE, FilledText(TextOf(WindowText::kNotInputOrRecording, language_),
+                                                NameOf(taken.stranger)));
+    if (taken.hasTwoOfAKind) return SetText(IDC_HEADLINE, WindowText::kOneFileOfAKind);
+    request_ = taken.request;
+    if (!request_.input.empty()) return CheckInput();
     ShowInput();
-    if (!request_.input.empty())
-        CheckInput();
-    else
-        ChooseInput();
-}
-
-void SheetDialog::TakeFile(const std::wstring& file) {
-    if (HasExtension(file, L".qhm"))
-        request_.recording = NarrowText(file.c_str());
-    else if (HasExtension(file, L".csv"))
-        request_.input = NarrowText(file.c_str());
-    else
-        SetText(IDC_HEADLINE, FilledText(TextOf(WindowText::kNotInputOrRecording, language_),
-                                         Utf8OfWideText(file)));
+    SetLines("");
+    Enter(Stage::kChoosing);
+    ChooseInput();
 }
 
 void SheetDialog::ChooseInput() {
@@ -205,10 +196,16 @@ void SheetDialog::CheckInput() {
     inputLines_ = LinesOfInputCheck(check, language_);
     if (!inputLines_.empty())
         inputLines_ = TextOf(WindowText::kInputFindings, language_) + "\n" + inputLines_ + "\n";
-    if (!HasErrors(check)) return StartRun();
+    if (HasErrors(check))
+        ShowInputErrors(check.isRead);
+    else
+        StartRun();
+}
+
+void SheetDialog::ShowInputErrors(bool isRead) {
     SetLines(inputLines_);
-    SetText(IDC_HEADLINE, WindowText::kInputHasErrors);
-    Enter(Stage::kInputErrors);
+    SetText(IDC_HEADLINE, isRead ? WindowText::kInputHasErrors : WindowText::kInputNotRead);
+    Enter(isRead ? Stage::kInputErrors : Stage::kInputNotRead);
 }
 
 void SheetDialog::StartRun() {
@@ -270,6 +267,7 @@ void SheetDialog::ShowEnd() {
         lines = advice.todo + "\n\n";
     }
     SetText(IDC_HEADLINE, headline);
+    if (!FitsHeadline(headline)) lines = headline + "\n" + lines;
     SetLines(lines + inputLines_ + StatusLines(result_.lines));
     SendDlgItemMessageW(Window(), IDC_LINES, EM_SETSEL, 0, 0);
     SendDlgItemMessageW(Window(), IDC_LINES, EM_SCROLLCARET, 0, 0);
@@ -296,12 +294,18 @@ void SheetDialog::Close() {
 
 void SheetDialog::Enter(Stage stage) {
     stage_ = stage;
-    SetText(IDCANCEL, stage == Stage::kRunning || stage == Stage::kInputErrors
-                          ? WindowText::kCancel
-                          : WindowText::kClose);
+    const bool hasErrors = stage == Stage::kInputErrors;
+    SetText(IDCANCEL,
+            stage == Stage::kRunning || hasErrors ? WindowText::kCancel : WindowText::kClose);
+    SetText(IDC_AGAIN, hasErrors || stage == Stage::kInputNotRead ? WindowText::kCheckAgain
+                                                                  : WindowText::kAgain);
     ShowButtons();
+    PlaceButtons();
+    // Explorer's pointer shows that a run takes no files.
+    DragAcceptFiles(Window(), stage != Stage::kRunning);
     switch (stage) {
         case Stage::kChoosing:
+        case Stage::kInputNotRead:
             return FocusOn(IDC_CHOOSE);
         case Stage::kInputErrors:
             return FocusOn(IDC_OPEN_INPUT);
@@ -319,16 +323,20 @@ void SheetDialog::ShowButtons() {
     ShowButton(IDC_OPEN_SHEET, ended && !result_.sheetPath.empty());
     ShowButton(IDC_OPEN_RESULTS, complete);
     ShowButton(IDC_OPEN_INPUT, stage_ == Stage::kInputErrors || (ended && !complete));
-    const bool hasLog = ended && result_.outcome.logWritten;
-    ShowButton(IDC_OPEN_LOG, hasLog);
-    const bool hasErrors = stage_ == Stage::kInputErrors;
-    PlaceAt(IDC_OPEN_INPUT, hasLog || hasErrors ? IDC_OPEN_RESULTS : IDC_OPEN_LOG);
-    PlaceAt(IDC_AGAIN, hasErrors ? IDC_OPEN_LOG : IDC_RUN_ANYWAY);
+    ShowButton(IDC_OPEN_LOG, ended && result_.outcome.logWritten);
     ShowButton(IDC_RUN_ANYWAY, stage_ == Stage::kInputErrors);
-    ShowButton(IDC_AGAIN, ended || stage_ == Stage::kInputErrors);
+    ShowButton(IDC_AGAIN, stage_ != Stage::kChoosing && stage_ != Stage::kRunning);
     ShowButton(IDC_PROGRESS, stage_ == Stage::kRunning || ended);
     ShowButton(IDC_ELAPSED, stage_ == Stage::kRunning || ended);
     EnableWindow(GetDlgItem(Window(), IDC_CHOOSE), stage_ != Stage::kRunning ? TRUE : FALSE);
+}
+
+// No gap between those that are seen.
+void SheetDialog::PlaceButtons() {
+    const bool hasErrors = stage_ == Stage::kInputErrors;
+    const bool hasLog = stage_ == Stage::kEnded && result_.outcome.logWritten;
+    PlaceAt(IDC_OPEN_INPUT, hasLog || hasErrors ? IDC_OPEN_RESULTS : IDC_OPEN_LOG);
+    PlaceAt(IDC_AGAIN, hasErrors ? IDC_OPEN_LOG : IDC_RUN_ANYWAY);
 }
 
 void SheetDialog::ShowButton(int id, bool isShown) {
@@ -369,16 +377,37 @@ void SheetDialog::SetLines(const std::string& utf8) {
     SendMessageW(lines, EM_SCROLLCARET, 0, 0);
 }
 
+// The rest of a longer one is cut off, as of a text with long paths.
+bool SheetDialog::FitsHeadline(const std::string& utf8) {
+    const HWND headline = GetDlgItem(Window(), IDC_HEADLINE);
+    RECT place;
+    GetClientRect(headline, &place);
+    RECT needed = place;
+    const HDC paper = GetDC(headline);
+    const HGDIOBJ before = SelectObject(paper, headlineFont_);
+    DrawTextW(paper, WideTextOfUtf8(utf8).c_str(), -1, &needed,
+              DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX);
+    SelectObject(paper, before);
+    ReleaseDC(headline, paper);
+    return needed.bottom <= place.bottom;
+}
+
 void SheetDialog::ShowInput() {
     if (request_.input.empty())
         SetText(IDC_INPUT, WindowText::kNoInput);
-    else
+    else if (request_.recording.empty())
         SetText(IDC_INPUT, Utf8Text(request_.input));
+    else
+        SetText(IDC_INPUT, FilledText(TextOf(WindowText::kInputOnRecording, language_),
+                                      Utf8Text(request_.input), NameOf(request_.recording)));
 }
 
 void SheetDialog::OpenFile(const std::string& path) {
-    if (FileExists(path) && OpenOnDesktop(path)) return;
-    const std::string text = FilledText(TextOf(WindowText::kCannotOpen, language_), Utf8Text(path));
+    const bool isThere = FileExists(path);
+    if (isThere && OpenOnDesktop(path)) return;
+    const std::string text = FilledText(
+        TextOf(isThere ? WindowText::kNoProgramOpens : WindowText::kFileIsGone, language_),
+        Utf8Text(path));
     MessageBoxW(Window(), WideTextOfUtf8(text).c_str(),
                 WideTextOfUtf8(TextOf(WindowText::kTitle, language_)).c_str(),
                 MB_OK | MB_ICONEXCLAMATION);

@@ -27,13 +27,13 @@ protected:
 
 private:
     /// What the window is at, which says what it shows and which buttons it has.
-    enum class Stage { kChoosing, kInputErrors, kRunning, kEnded };
+    enum class Stage { kChoosing, kInputNotRead, kInputErrors, kRunning, kEnded };
 
     void ReceiveFiles(const std::vector<std::wstring>& files);
-    void TakeFile(const std::wstring& file);
     void Begin();
     void ChooseInput();
     void CheckInput();
+    void ShowInputErrors(bool isRead);
     void StartRun();
     void ShowRun();
     void EndRun();
@@ -43,12 +43,14 @@ private:
 
     void Enter(Stage stage);
     void ShowButtons();
+    void PlaceButtons();
     void ShowButton(int id, bool isShown);
     void PlaceAt(int id, int other);
     void FocusOn(int id);
     void SetText(int id, const std::string& utf8);
     void SetText(int id, WindowText text) { SetText(id, TextOf(text, language_)); }
     void SetLines(const std::string& utf8);
+    bool FitsHeadline(const std::string& utf8);
     void ShowInput();
     void OpenFile(const std::string& path);
     void MakeHeadlineFont();

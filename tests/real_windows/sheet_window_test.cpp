@@ -25,6 +25,20 @@ std::string ExampleModel() {
     return ContentOf(Example("two_story_y_up.qhm"));
 }
 
+// A file open in a program that lets nobody else read or write it.
+class HeldFile {
+public:
+    explicit HeldFile(const std::filesystem::path& path)
+        : handle_(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr)) {}
+    ~HeldFile() { CloseHandle(handle_); }
+    HeldFile(const HeldFile&) = delete;
+    HeldFile& operator=(const HeldFile&) = delete;
+
+private:
+    HANDLE handle_;
+};
+
 class SheetWindow : public testing::Test {
 protected:
     // The model's name is Japanese; log, results and sheet stand beside it.
@@ -157,6 +171,55 @@ TEST_F(SheetWindow, SaysOfAnotherFileThatItIsNone) {
     sheet_->WaitForText(IDC_HEADLINE, L"notes.txt is neither a Route 2 Input file (.csv) nor");
 }
 
+// Which of them is meant, nobody knows.
+TEST_F(SheetWindow, TakesNoneOfTwoInputFiles) {
+    Start({L"--lang", L"en", input_.wstring(), inputWithoutEnd_.wstring()});
+    sheet_->WaitForText(IDC_HEADLINE, L"Drop one input file");
+    EXPECT_EQ(L"(none yet)", sheet_->Text(IDC_INPUT));
+}
+
+// The first window waits for the file dialog above it.
+TEST_F(SheetWindow, TakesNoDropWhileItAsksForAFile) {
+    StartHost();
+    Start({L"--lang", L"en"});
+    const Popup dialog = sheet_->WaitForPopup();
+    sheet_->Drop({inputWithoutEnd_});
+    dialog.Choose(input_);
+    WaitForTheEndOfTheRun();
+    EXPECT_EQ(input_.wstring(), sheet_->Text(IDC_INPUT));
+}
+
+TEST_F(SheetWindow, TakesAFileWhosePathIsLongerThan260Characters) {
+    StartHost();
+    const std::wstring part(100, L'\u5EFA');
+    const std::filesystem::path folder = folder_.Path() / part / part / part;
+    std::filesystem::create_directories(folder);
+    const std::filesystem::path input = folder / L"with blanks & more.csv";
+    std::filesystem::copy_file(input_, input);
+    Start({L"--lang", L"en", input.wstring()});
+    WaitForTheEndOfTheRun();
+    EXPECT_EQ(input.wstring(), sheet_->Text(IDC_INPUT));
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"NG: "));
+}
+
+TEST_F(SheetWindow, AsksForAnotherFileThanOneThatIsNotThere) {
+    Start({L"--lang", L"en", (folder_.Path() / "gone.csv").wstring()});
+    sheet_->WaitForText(IDC_HEADLINE, L"The input file cannot be read. Choose another one.");
+    EXPECT_THAT(sheet_->Text(IDC_LINES), HasSubstr(L"there is no such file"));
+    EXPECT_FALSE(sheet_->IsShown(IDC_RUN_ANYWAY));
+    EXPECT_FALSE(sheet_->IsShown(IDC_OPEN_INPUT));
+    WaitFor("the focus", [this] { return sheet_->Focus() == sheet_->Control(IDC_CHOOSE); });
+}
+
+TEST_F(SheetWindow, SaysThatARecordingIsNotTheInputFiles) {
+    Start({L"--lang", L"en", input_.wstring(), Example("five_story_office_z_up.qhm").wstring()});
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE),
+                StartsWith(L"The recorded building has no such answer"));
+    EXPECT_THAT(sheet_->Text(IDC_LINES), StartsWith(L"The input file may be another building's"));
+    EXPECT_THAT(sheet_->Text(IDC_INPUT), HasSubstr(L", on five_story_office_z_up.qhm"));
+}
+
 TEST_F(SheetWindow, ShowsTheErrorsOfAnInputFileBeforeItRuns) {
     StartHost();
     Start({L"--lang", L"en", inputWithoutEnd_.wstring()});
@@ -164,6 +227,7 @@ TEST_F(SheetWindow, ShowsTheErrorsOfAnInputFileBeforeItRuns) {
     EXPECT_EQ(L"The input file has errors. Mend them, or run anyway.", sheet_->Text(IDC_HEADLINE));
     EXPECT_THAT(sheet_->Text(IDC_LINES), HasSubstr(L"error "));
     EXPECT_EQ(L"Cancel", sheet_->Text(IDCANCEL));
+    EXPECT_EQ(L"Check &Again", sheet_->Text(IDC_AGAIN));
     sheet_->Click(IDC_OPEN_INPUT);
     EXPECT_EQ(Utf8(inputWithoutEnd_), csv_.TakeOpenedPath());
     EXPECT_FALSE(std::filesystem::exists(Beside(L"aijR2Log.txt")));
@@ -268,6 +332,59 @@ TEST_F(SheetWindow, SaysThatASheetCannotBeWrittenAndShowsTheVerdict) {
     EXPECT_FALSE(sheet_->IsShown(IDC_OPEN_SHEET));
 }
 
+TEST_F(SheetWindow, SaysThatTheSheetIsOpenElsewhere) {
+    StartHost();
+    const HeldFile held(Beside(L"aijR2Sheet.html"));
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), HasSubstr(L"The sheet could not be written."));
+    EXPECT_THAT(sheet_->Text(IDC_LINES), StartsWith(L"Close it where it is open"));
+}
+
+TEST_F(SheetWindow, SaysThatTheResultsAreOpenElsewhere) {
+    StartHost();
+    const HeldFile held(Beside(L"aijR2Result.csv"));
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), HasSubstr(L"aijR2Result.csv could not be written."));
+    EXPECT_THAT(sheet_->Text(IDC_LINES), StartsWith(L"Close the file in the spreadsheet"));
+}
+
+// A headline has room for three lines; what it says is then read in the text below, too.
+TEST_F(SheetWindow, TellsALongFailureInFull) {
+    const std::wstring name = std::wstring(180, L'm') + L".qhm";
+    host_.emplace(folder_.Write(name, ExampleModel()));
+    std::filesystem::create_directory(folder_.Path() /
+                                      (std::wstring(180, L'm') + L".aijR2Log.txt"));
+    StartOnInput();
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_LINES), StartsWith(L"The log "));
+    EXPECT_THAT(sheet_->Text(IDC_LINES),
+                HasSubstr(L"aijR2Log.txt cannot be written.\r\nLog, results"));
+}
+
+TEST_F(SheetWindow, SaysThatNoProgramOpensTheSheet) {
+    const NoFileType none(L".html");
+    StartHost();
+    StartOnInput();
+    const Popup box = sheet_->WaitForPopup();
+    EXPECT_THAT(box.Message(), StartsWith(L"No program opens "));
+    box.Press(IDOK);
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"NG: "));
+}
+
+TEST_F(SheetWindow, SaysThatAFileIsNotThereAnyMore) {
+    StartHost();
+    StartOnInput();
+    html_.TakeOpenedPath();
+    std::filesystem::remove(Beside(L"aijR2Log.txt"));
+    sheet_->WaitForControl(IDC_OPEN_LOG);
+    sheet_->Click(IDC_OPEN_LOG);
+    const Popup box = sheet_->WaitForPopup();
+    EXPECT_THAT(box.Message(), HasSubstr(L"aijR2Log.txt is not there any more."));
+    box.Press(IDOK);
+}
+
 // Each call takes a twentieth of a second: a run of ten seconds, cancelled when its first lines are
 // there.
 TEST_F(SheetWindow, CancelsARunBetweenTwoCalls) {
@@ -282,6 +399,60 @@ TEST_F(SheetWindow, CancelsARunBetweenTwoCalls) {
     EXPECT_THAT(ContentOf(Beside(L"aijR2Log.txt")), HasSubstr("node info"));
     EXPECT_FALSE(std::filesystem::exists(Beside(L"aijR2Sheet.html")));
     EXPECT_FALSE(html_.HasOpened());
+}
+
+// The focus is in the text of the status lines, and again and again does no harm.
+TEST_F(SheetWindow, CancelsARunAtTheEscapeKey) {
+    StartHost(L"--delay 500");
+    StartOnInput();
+    sheet_->WaitForText(IDC_LINES, L"Preparing for calculation...");
+    EXPECT_EQ(sheet_->Control(IDC_LINES), sheet_->Focus());
+    sheet_->Key(VK_ESCAPE);
+    sheet_->Key(VK_ESCAPE);
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"Cancelled."));
+}
+
+TEST_F(SheetWindow, RunsOnAtTheEnterKey) {
+    StartHost(L"--delay 5");
+    StartOnInput();
+    sheet_->WaitForText(IDC_LINES, L"Preparing for calculation...");
+    sheet_->Key(VK_RETURN);
+    WaitForTheEndOfTheRun();
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"NG: "));
+}
+
+TEST_F(SheetWindow, RunsAgainAfterItWasCancelled) {
+    StartHost(L"--delay 50");
+    StartOnInput();
+    sheet_->WaitForText(IDC_LINES, L"Setting load information...");
+    sheet_->Click(IDCANCEL);
+    WaitForTheEndOfTheRun();
+    host_.reset();
+    StartHost();
+    sheet_->Click(IDC_AGAIN);
+    sheet_->WaitForControl(IDC_OPEN_SHEET);
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"NG: "));
+}
+
+TEST_F(SheetWindow, RunsAgainOnAHostThatWasStartedMeanwhile) {
+    StartOnInput();
+    sheet_->WaitForText(IDC_HEADLINE, L"No running host was found.");
+    StartHost();
+    sheet_->Click(IDC_AGAIN);
+    sheet_->WaitForControl(IDC_OPEN_SHEET);
+    EXPECT_THAT(sheet_->Text(IDC_HEADLINE), StartsWith(L"NG: "));
+}
+
+TEST_F(SheetWindow, TakesNoDropDuringARun) {
+    StartHost(L"--delay 5");
+    StartOnInput();
+    sheet_->WaitForText(IDC_LINES, L"Preparing for calculation...");
+    EXPECT_EQ(0, GetWindowLongW(sheet_->Window(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
+    sheet_->Drop({inputWithoutEnd_});
+    WaitForTheEndOfTheRun();
+    EXPECT_EQ(input_.wstring(), sheet_->Text(IDC_INPUT));
+    EXPECT_NE(0, GetWindowLongW(sheet_->Window(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
 }
 
 TEST_F(SheetWindow, ClosesAfterTheCallWhenItIsClosedDuringARun) {
@@ -312,7 +483,7 @@ TEST_F(SheetWindow, ShowsProgressAsAnswersCome) {
         });
         before = SendMessageW(sheet_->Control(IDC_PROGRESS), WM_USER + 8, 0, 0);
     }
-    EXPECT_THAT(sheet_->Text(IDC_ELAPSED), HasSubstr(L" answers of the host"));
+    EXPECT_THAT(sheet_->Text(IDC_ELAPSED), HasSubstr(L"Answers of the host: "));
 }
 
 TEST_F(SheetWindow, WaitsForABusyHostAndSaysSo) {

@@ -68,6 +68,19 @@ TEST(Advice, GivesTheWordsOfAnyOtherFailedCall) {
               What(WithFailedCall(Status(0x80004005))));
 }
 
+// Nobody is to look for a host that was never asked.
+TEST(Advice, OnARecordingNamesTheRecording) {
+    const RunRequest request{"input.csv", "tower.qhm"};
+    EXPECT_EQ(
+        "The recorded building has no such answer: GetNodeCount(): status 80004005, "
+        "Unspecified error.",
+        AdviceOnFailure(request, WithFailedCall(Status(0x80004005)), Language::kEnglish).what);
+    const RunResult withoutResults = WithLine(StatusText::kResultsNotAvailable);
+    EXPECT_EQ("The recorded building has no analysis results.",
+              AdviceOnFailure(request, withoutResults, Language::kEnglish).what);
+    EXPECT_EQ("The model has no analysis results.", What(withoutResults));
+}
+
 TEST(Advice, OfACancelledRunIsNoFailure) {
     RunResult result = WithFailedCall(Status(0x800704C7));
     result.cancelled = true;

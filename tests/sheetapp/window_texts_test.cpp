@@ -27,7 +27,7 @@ const std::vector<WindowText> kAtTheEnd = {WindowText::kChoose, WindowText::kOpe
 const std::vector<WindowText> kAfterAFailure = {WindowText::kChoose, WindowText::kOpenInput,
                                                 WindowText::kOpenLog, WindowText::kAgain};
 const std::vector<WindowText> kWithInputErrors = {WindowText::kChoose, WindowText::kOpenInput,
-                                                  WindowText::kRunAnyway, WindowText::kAgain};
+                                                  WindowText::kRunAnyway, WindowText::kCheckAgain};
 
 }  // namespace
 
