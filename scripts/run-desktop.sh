@@ -50,6 +50,7 @@ show_to_the_user() {
 # The program keeps the dialog open until its standard input ends.
 take_screenshot() {
     local line=
+    echo "There is no display here: the dialog and Quarnel Sheet are shown on a virtual one."
     start_wine "$prefix"
     open_pages_outside
     coproc shown { show_run; }

@@ -192,6 +192,10 @@ void SheetDialog::ChooseInput() {
 
 void SheetDialog::CheckInput() {
     ShowInput();
+    SetText(IDC_HEADLINE, WindowText::kChecking);
+    // Seen at once: a huge file, or one far away, takes its time.
+    UpdateWindow(Window());
+    UpdateWindow(GetDlgItem(Window(), IDC_HEADLINE));
     const InputCheck check = CheckInputFile(request_.input);
     inputLines_ = LinesOfInputCheck(check, language_);
     if (!inputLines_.empty())

@@ -28,6 +28,7 @@ constexpr Entry kEntries[] = {
      "too.",
      "ルート2の入力ファイルを選択するか、ここにドロップしてください。建物の記録 (.qhm) "
      "もドロップできます。"},
+    {WindowText::kChecking, "Checking the input file...", "入力ファイルを検査しています..."},
     {WindowText::kInputHasErrors, "The input file has errors. Mend them, or run anyway.",
      "入力ファイルに誤りがあります。修正するか、このまま実行してください。"},
     {WindowText::kInputNotRead, "The input file cannot be read. Choose another one.",

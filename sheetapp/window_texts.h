@@ -20,6 +20,7 @@ enum class WindowText {
     kCancel,
     kClose,
     kDropHere,
+    kChecking,
     kInputHasErrors,
     kInputNotRead,
     kInputOnRecording,
