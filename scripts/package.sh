@@ -5,6 +5,7 @@
 #
 # BASE: the address below which whoever publishes the two files offers them.
 # Needs nothing but this checkout on a Debian machine. Of the examples, what git tracks is packed.
+# What build/windows has up to date is not built again.
 # The same sources give the same .zip, byte for byte, in whatever folder and whenever.
 set -euo pipefail
 out=$(realpath -m "${1:-$(dirname "$0")/../build/packages}")
@@ -21,17 +22,6 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 content=$work/$name
 
-# The example buildings and their input files. What is not tracked may be anything: a job that
-# somebody tries here, results of runs.
-example_files() {
-    if [ "$(git rev-parse --show-toplevel 2>/dev/null)" = "$(pwd -P)" ]; then
-        git ls-files -z -- 'examples/*.qhm' 'examples/*.csv'
-    else
-        echo "No git here: packing every .qhm and .csv of examples/ but results of runs." >&2
-        find examples \( -name '*.qhm' -o -name '*.csv' \) ! -name '*.aijR2Result.csv' -print0
-    fi
-}
-
 log=$work/build.log
 { cmake --preset windows && cmake --build --preset windows --target "${programs[@]}"; } \
     >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
@@ -42,7 +32,7 @@ for program in "${programs[@]}"; do
 done
 cp CHANGELOG.md "$content/CHANGELOG.txt"
 cp docs/third-party.md "$content/third-party-notices.txt"
-example_files | xargs -0 cp --parents --target-directory="$content"
+scripts/list-example-files.sh | xargs -0 cp --parents --target-directory="$content"
 scripts/build-manual.sh "$content"
 
 # One date for all files, the same rights and a fixed order make the archive reproducible.

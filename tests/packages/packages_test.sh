@@ -28,19 +28,20 @@ copy_sources_to() {
     fi | tar -C "$1" -xf -
 }
 
-# The packages from two copies of the sources in folders of different length. One is as an exported
-# tree, without git; the other, where there is git at all, a checkout with an example of somebody's
-# own.
-package_two_copies() {
-    local exported=$work/exported checkout=$work/somewhere/else/much/longer/checkout
+# The packages of this folder, whose programs have been built before; and those of a copy in a longer
+# folder, an exported tree without git, where all is built anew.
+package_here_and_in_a_copy() {
+    local exported=$work/exported
+    "$root/scripts/package.sh" "$work" || return 1
     copy_sources_to "$exported"
-    copy_sources_to "$checkout"
-    if command -v git >/dev/null; then
-        git -C "$checkout" init -q && git -C "$checkout" add -A
-        cp "$checkout/examples/worked_example.qhm" "$checkout/examples/untracked.qhm"
-    fi
-    "$exported/scripts/package.sh" "$work" 2>"$work/exported.err" || return 1
-    "$checkout/scripts/package.sh" "$work/again"
+    "$exported/scripts/package.sh" "$work/again" 2>"$work/exported.err"
+}
+
+# A folder with nothing but the script that lists the examples, and examples.
+make_folder_of_examples() {
+    mkdir -p "$1/scripts" "$1/examples/published"
+    cp "$root/scripts/list-example-files.sh" "$1/scripts"
+    touch "$1"/examples/{tower.qhm,tower.csv,notes.txt} "$1/examples/published/frame.qhm"
 }
 
 # Three versions of a small product. The examples: "kept" is in all three, "changed" changes, "gone"
@@ -76,7 +77,7 @@ list_files_of_1_0() {
 prepare() {
     rm -rf "$work"
     mkdir -p "$work" && cd "$work" || exit 1
-    package_two_copies || exit 1
+    package_here_and_in_a_copy || { cat "$work/exported.err" >&2; exit 1; }
     prepare_contents "$1"
     list_files_of_1_0 >files_of_1.0.txt
     makensis -V2 -NOCD -DCONTENT="$work/1.0" -DOUTPUT="$work/1.0.exe" "$here/installer_of_1.0.nsi" ||
@@ -156,13 +157,38 @@ unpack() {
     portable=$work/unpacked/quarnel-$version-win64
 }
 
-ZipIsTheSameFromTwoCopiesOfTheSources() {
+ZipIsTheSameFromAnExportedCopyOfTheSources() {
     expect_same "$work/quarnel-$version-win64.zip" "$work/again/quarnel-$version-win64.zip"
 }
 
-ZipLacksWhatGitDoesNotTrack() {
+ZipHoldsTheListedExamples() {
+    local listed packed
+    listed=$("$root/scripts/list-example-files.sh" 2>/dev/null | tr '\0' '\n' | LC_ALL=C sort)
+    packed=$(unzip -Z1 "$work/quarnel-$version-win64.zip" | sed -n 's|^[^/]*/\(examples/\)|\1|p' |
+        LC_ALL=C sort)
+    [ -n "$listed" ] && [ "$listed" = "$packed" ] || fail "$(diff <(echo "$listed") <(echo "$packed"))"
+}
+
+ListedExamplesAreThoseThatGitTracks() {
+    local folder=$work/checkout listed
     command -v git >/dev/null || exit "$skipped"
-    ! unzip -l "$work/again/quarnel-$version-win64.zip" | grep untracked || fail "it is packed"
+    rm -rf "$folder"
+    make_folder_of_examples "$folder"
+    git -C "$folder" init -q && git -C "$folder" add -A || fail "no checkout can be made"
+    touch "$folder"/examples/{untracked.qhm,untracked.csv,tower.aijR2Result.csv}
+    listed=$("$folder/scripts/list-example-files.sh" | tr '\0' ' ')
+    [ "$listed" = "examples/published/frame.qhm examples/tower.csv examples/tower.qhm " ] ||
+        fail "listed: $listed"
+}
+
+WithoutGitAllExamplesAreListedButResultsOfRuns() {
+    local folder=$work/tree listed
+    rm -rf "$folder"
+    make_folder_of_examples "$folder"
+    touch "$folder/examples/tower.aijR2Result.csv"
+    listed=$("$folder/scripts/list-example-files.sh" 2>/dev/null | tr '\0' '\n' | LC_ALL=C sort)
+    [ "$listed" = $'examples/published/frame.qhm\nexamples/tower.csv\nexamples/tower.qhm' ] ||
+        fail "listed: $listed"
 }
 
 PackagingWithoutGitSaysWhatItPacks() {
