@@ -112,7 +112,7 @@ Function ${un}RemoveIfOurs
         Delete "$INSTDIR\$path"
         Call ${un}RemoveEmptyFolders
     ${Else}
-        DetailPrint "Left as it is: $path"
+        DetailPrint "$(LEFT_TEXT)"
     ${EndIf}
 FunctionEnd
 

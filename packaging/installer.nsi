@@ -54,6 +54,8 @@ VIAddVersionKey "LegalCopyright" "Quarnel"
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
+!insertmacro MUI_LANGUAGE "Japanese"
+!include "installer_texts.nsh"
 
 !insertmacro ChecksumFunctions ""
 !insertmacro ChecksumFunctions "un."
@@ -80,7 +82,7 @@ Section "Quarnel"
     Call Register
 SectionEnd
 
-Section /o "'Send to' entry for input files" SEND_TO
+Section /o "$(SEND_TO_TEXT)" SEND_TO
     CreateShortcut "${SEND_TO_ENTRY}" "$INSTDIR\QuarnelSheet.exe"
 SectionEnd
 
@@ -109,7 +111,7 @@ FunctionEnd
 !macroend
 
 !macro EndNotWritten
-    !insertmacro EndUnchanged "The files cannot be written to $INSTDIR. Nothing was changed." ${EXIT_NOT_WRITTEN}
+    !insertmacro EndUnchanged "$(NOT_WRITTEN_TEXT)" ${EXIT_NOT_WRITTEN}
 !macroend
 
 Function MakeFolder
@@ -146,9 +148,9 @@ Function WaitUntilNothingIsInUse
         Call ForEachFileOfEarlierVersions
         ${IfThen} $obstacles == "" ${|} ${ExitDo} ${|}
         ${IfNot} ${Silent}
-            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "These files of Quarnel are in use:$\r$\n$\r$\n$obstacles$\r$\nClose the programs that use them, then choose Retry." IDRETRY again
+            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(IN_USE_TEXT)" IDRETRY again
         ${EndIf}
-        !insertmacro EndUnchanged "In use, so nothing was changed:$\r$\n$obstacles" ${EXIT_IN_USE}
+        !insertmacro EndUnchanged "$(UNCHANGED_IN_USE_TEXT)" ${EXIT_IN_USE}
       again:
     ${Loop}
 FunctionEnd
@@ -167,7 +169,7 @@ Function RefuseOtherPrograms
         StrCpy $obstacles "$obstacles${INSTALLED_FILES}$\r$\n"
     ${EndIf}
     ${If} $obstacles != ""
-        !insertmacro EndUnchanged "These files in $INSTDIR are not as an installer of Quarnel has written them:$\r$\n$\r$\n$obstacles$\r$\nMove them away, or choose another folder. Nothing was changed." ${EXIT_NOT_OURS}
+        !insertmacro EndUnchanged "$(NOT_OURS_TEXT)" ${EXIT_NOT_OURS}
     ${EndIf}
 FunctionEnd
 
@@ -232,7 +234,7 @@ Function PutInPlace
     ClearErrors
     Rename "$unpacked\$path" "$INSTDIR\$path"
     ${If} ${Errors}
-        DetailPrint "Left as it is: $path"
+        DetailPrint "$(LEFT_TEXT)"
     ${Else}
         StrCpy $kind " "
         Call FormChecksum
@@ -289,9 +291,9 @@ Function un.WaitUntilNothingIsInUse
         Call un.ForEachFile
         ${IfThen} $obstacles == "" ${|} ${ExitDo} ${|}
         ${IfNot} ${Silent}
-            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "These files of Quarnel are in use:$\r$\n$\r$\n$obstacles$\r$\nClose the programs that use them, then choose Retry." IDRETRY again
+            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(IN_USE_TEXT)" IDRETRY again
         ${EndIf}
-        DetailPrint "In use, so nothing was changed:$\r$\n$obstacles"
+        DetailPrint "$(UNCHANGED_IN_USE_TEXT)"
         SetErrorLevel ${EXIT_IN_USE}
         Abort
       again:

@@ -7,7 +7,7 @@
 
 Function RegisterRecordedBuildings
     Push $0
-    WriteRegStr HKCU "${CLASSES}\${QHM_TYPE}" "" "Recorded building"
+    WriteRegStr HKCU "${CLASSES}\${QHM_TYPE}" "" "$(RECORDED_BUILDING_TEXT)"
     WriteRegStr HKCU "${CLASSES}\${QHM_TYPE}\DefaultIcon" "" "$INSTDIR\QuarnelSheet.exe,0"
     WriteRegStr HKCU "${CLASSES}\${QHM_TYPE}\shell\open\command" "" '"$INSTDIR\QuarnelSheet.exe" "%1"'
     WriteRegStr HKCU "${CLASSES}\.qhm\OpenWithProgids" "${QHM_TYPE}" ""
