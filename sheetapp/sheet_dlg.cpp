@@ -306,7 +306,7 @@ void SheetDialog::Enter(Stage stage) {
     ShowButtons();
     PlaceButtons();
     // Explorer's pointer shows that a run takes no files.
-    DragAcceptFiles(Window(), stage != Stage::kRunning);
+    DragAcceptFiles(Window(), stage != Stage::kRunning ? TRUE : FALSE);
     switch (stage) {
         case Stage::kChoosing:
         case Stage::kInputNotRead:
