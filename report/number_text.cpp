@@ -98,20 +98,20 @@ std::string ScaledText(double whole, int decimals, const NumberStyle& style) {
             *--first = text[i];
     };
     auto rest = static_cast<std::uint64_t>(std::abs(whole));
-    const auto putDigit = [&first, &rest] {
-        *--first = static_cast<char>('0' + rest % 10);
-        rest /= 10;
+    const auto putDigit = [&first](std::uint64_t& from) {
+        *--first = static_cast<char>('0' + from % 10);
+        from /= 10;
     };
     for (int i = 0; i < decimals; ++i)
-        putDigit();
+        putDigit(rest);
     if (decimals > 0) *--first = '.';
-    putDigit();
+    putDigit(rest);
     for (int left = 2; rest > 0; --left) {
         if (left == 0) {
             put(style.thousands);
             left = 3;
         }
-        putDigit();
+        putDigit(rest);
     }
     if (whole < 0.0) put(style.minus);
     return {first, buffer.data() + buffer.size()};

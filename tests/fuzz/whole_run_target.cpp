@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +18,7 @@
 #include "tests/fuzz/check.h"
 #include "tests/fuzz/fuzz_target.h"
 #include "tests/fuzz/text_model.h"
+#include "tests/support/open_files.h"
 #include "tests/support/test_folder.h"
 
 namespace {
@@ -44,13 +44,6 @@ struct Reports {
 
 std::string ReadIfThere(const TestFolder& folder, const std::string& name) {
     return folder.Has(name) ? folder.Read(name) : std::string();
-}
-
-// Files that this process has open; 0 where the system does not show them.
-std::ptrdiff_t OpenFiles() {
-    std::error_code none;
-    const std::filesystem::directory_iterator files("/proc/self/fd", none);
-    return none ? 0 : std::distance(begin(files), end(files));
 }
 
 // Closes what a run has left open at `path`, so that thousands of runs fit into one process.
