@@ -29,12 +29,13 @@ copy_sources_to() {
 }
 
 # The packages of this folder, whose programs have been built before; and those of a copy in a longer
-# folder, an exported tree without git, where all is built anew.
+# folder, an exported tree without git, where all is built anew, on one processor: other tests run
+# beside it.
 package_here_and_in_a_copy() {
     local exported=$work/exported
     "$root/scripts/package.sh" "$work" || return 1
     copy_sources_to "$exported"
-    "$exported/scripts/package.sh" "$work/again" 2>"$work/exported.err"
+    CMAKE_BUILD_PARALLEL_LEVEL=1 "$exported/scripts/package.sh" "$work/again" 2>"$work/exported.err"
 }
 
 # A folder with nothing but the script that lists the examples, and examples.
