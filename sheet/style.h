@@ -9,5 +9,6 @@ extern const std::string_view kSheetStyle;
 /// To follow it where the first page must hold more than usual.
 extern const std::string_view kStyleOfCrowdedFirstPage;
 
-/// The style of the sheet, with `foot` at the foot of every printed page; it holds no quotation marks.
+/// The style of the sheet, with `foot` at the foot of every printed page; it holds no quotation
+/// marks.
 std::string StyleWithFoot(std::string_view foot);
