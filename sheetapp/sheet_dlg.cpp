@@ -165,6 +165,7 @@ void SheetDialog::ReceiveFiles(const std::vector<std::wstring>& files) {
     if (stage_ == Stage::kRunning || IsWindowEnabled(Window()) == FALSE) return;
     SetForegroundWindow(Window());
     std::vector<std::string> paths;
+    paths.reserve(files.size());
     for (const std::wstring& file : files)
         paths.push_back(NarrowText(FullPath(file).c_str()));
     const TakenFiles taken = TakeFiles(paths);
