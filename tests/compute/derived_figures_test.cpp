@@ -46,6 +46,30 @@ TEST_F(SmallBuildingFigures, SayWhatTheCaseDoesAcrossItsDirection) {
     EXPECT_THAT(Story().directions[kX].acrossShare, Near(0.25));
 }
 
+// The floor moves 7 mm in X and turns by 0.001 about its middle (3, 2) m: what is 2 m from there in
+// Z moves 2 mm more or less in X, what is 3 m from there in X moves 3 mm in Z.
+TEST_F(SmallBuildingFigures, FindNothingBesideTheMotionOfARigidFloor) {
+    host.Displace(2, 11, 0.009, 0, -0.003).Displace(2, 12, 0.009, 0, 0.003);
+    host.Displace(2, 13, 0.005, 0, -0.003).Displace(2, 14, 0.005, 0, 0.003);
+    EXPECT_THAT(Story().directions[kX].floorResidual, Optional(testing::Lt(1e-9)));
+}
+
+// 7, 7, 7 and 15 mm in X: beside their mean -2, -2, -2 and 6 mm at -2, -2, 2 and 2 m in Z. They
+// turn the floor by -16 / (4 (9 + 4)) = -4/13 mm/m, which leaves the last node 6 - 2 x 4/13 = 70/13
+// mm.
+TEST_F(SmallBuildingFigures, FindWhatANodeKeepsBesideTheMotionOfTheFloor) {
+    host.Displace(2, 14, 0.015, 0, 0);
+    EXPECT_THAT(Story().directions[kX].floorResidual, Near(70.0 / 13.0));
+}
+
+// 7 and 11 mm at one place in plan, which cannot turn: 2 mm beside their mean.
+TEST_F(SmallBuildingFigures, FindNoTurnOfNodesAboveEachOther) {
+    host.Node(5, 0, 0, 0, true).Node(15, 0, 3.5, 0).Member(5, 5, 15);
+    host.Displace(2, 15, 0.011, 0, 0).Force(2, 5, 0, 0, 14, 0).Force(1, 5, 0, 100, 0, 0);
+    EXPECT_THAT(Story(kCases + "StoryMember,\n1,1,5,\nFIN\n").directions[kX].floorResidual,
+                Near(2.0));
+}
+
 TEST_F(SmallBuildingFigures, HaveAShearCoefficientOfTheWholeStoryShear) {
     const StoryFindings story = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
     EXPECT_THAT(story.directions[kX].shearCoefficient, Near(56.0 / 400.0));
