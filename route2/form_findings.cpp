@@ -140,8 +140,7 @@ Findings FormFindings(const AijCodeRoute2& engine, const FindingsSources& source
     findings.firstFailedQuestion = questions.FirstFailure();
     findings.extent = FormBuildingExtent(findings);
     if (sources.unlistedAnswers) findings.end.unlistedZeros = sources.unlistedAnswers();
-    if (sources.missingRows && findings.end.resultsWritten)
-        findings.end.missingRows = sources.missingRows(findings);
+    if (sources.missingRows) findings.end.missingRows = sources.missingRows(findings);
     findings.remarks = FormRemarks(findings);
     findings.remarks.insert(findings.remarks.end(), sources.inputRemarks.begin(),
                             sources.inputRemarks.end());

@@ -228,6 +228,20 @@ TEST_F(Environment, ResultsLostOnAFullDiskAreInTheOutcome) {
     EXPECT_THAT(outcome_.incompleteReports, ElementsAre(folder_.Path(kResults)));
 }
 
+// One remark says that the file is not whole; that its rows are missing goes without saying.
+TEST_F(Environment, ResultsLostOnAFullDiskAreNotMissedRowByRow) {
+    RunOutcome outcome;
+    {
+        const FileSizeLimit fullDisk(kRoomForTheLog);
+        outcome = RunCompute(folder_.Path("input.csv"), [this] { return &host_; }, status_,
+                             reports_, {.wantsFindings = WantsFindings::kYes});
+    }
+    const Findings& findings = outcome.findings.value();
+    EXPECT_THAT(findings.end.missingRows, IsEmpty());
+    EXPECT_EQ(1, std::ranges::count_if(findings.remarks,
+                                       [](const Remark& remark) { return remark.id == "R26"; }));
+}
+
 // Few enough rows to stay in the stream's buffer until the file is closed; so has the log.
 TEST_F(Environment, ReportsLostAtTheLastMomentAreInTheOutcome) {
     FakeHost small;
