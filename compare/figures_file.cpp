@@ -85,6 +85,7 @@ DirectionRead ReadDirection(JsonReader& reader) {
         reader, "expected the figures of a direction",
         {{"storyShear_kN", [&] { read.shear = ReadFigure(reader); }},
          {"worstUpright", [&] { ReadKeys(reader, "expected the worst upright member", worst); }},
+         {"meanAngle", [&] { read.meanAngle = ReadFigure(reader); }},
          {"toolMeanVerdict", [&] { read.angleTool = ReadTool(reader); }},
          {"stiffnessRatio", [&] { read.ratio = ReadFigure(reader); }},
          {"stiffnessRatioCode", [&] { read.ratioCode = ReadCode(reader); }},
@@ -93,7 +94,7 @@ DirectionRead ReadDirection(JsonReader& reader) {
          {"eccentricityCode", [&] { read.modulusCode = ReadCode(reader); }},
          {"eccentricityTool", [&] { read.modulusTool = ReadTool(reader); }}});
     // The tool judges the values that stand for what it did not calculate, too.
-    if (!read.angle) read.angleTool.reset();
+    if (!read.meanAngle) read.angleTool.reset();
     if (!read.ratio) read.ratioTool.reset();
     if (!read.modulus) read.modulusTool.reset();
     return read;

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "report/figures_json.h"
 #include "tests/support/run_findings.h"
 #include "tests/support/small_building.h"
@@ -115,5 +117,14 @@ TEST_F(FiguresFile, HasNoVerdictOfTheToolOnWhatWasNotFormed) {
     const DirectionRead direction = Read().stories.at(0).directions[0];
     EXPECT_EQ(std::nullopt, direction.modulus);
     EXPECT_EQ(std::nullopt, direction.modulusTool);
+    EXPECT_EQ(ToolVerdict::kPass, direction.angleTool);
+}
+
+// Of leaning members alone there is a mean, and no worst upright one.
+TEST_F(FiguresFile, KeepsTheVerdictOfTheToolOnAMeanWithoutUprightMembers) {
+    text = std::regex_replace(text, std::regex("\"angle\": [0-9.e-]+"), "\"angle\": null");
+    const DirectionRead direction = Read().stories.at(0).directions[0];
+    EXPECT_EQ(std::nullopt, direction.angle);
+    EXPECT_NEAR(7.0 / 3500.0, direction.meanAngle.value(), 1e-15);
     EXPECT_EQ(ToolVerdict::kPass, direction.angleTool);
 }
