@@ -15,15 +15,7 @@ fi
 other=$(realpath "$1")
 repetitions=${2:-15}
 
-cd "$(dirname "$0")/.."
-. scripts/debian-packages.sh
-scripts/install-debian-packages.sh "${native_packages[@]}" "${bench_packages[@]}"
-mkdir -p build
-log=build/bench-build.log
-{ cmake --preset bench && cmake --build --preset bench --target quarnel-cli quarnel-bench-building; } \
-    >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
+. "$(dirname "$0")/prepare.sh"
 for name in ours other; do
     build/bench/bin/quarnel-bench-building 20000 40 60 "$folder/$name.qhm"
 done

@@ -9,15 +9,7 @@ set -euo pipefail
 
 repetitions=${1:-5}
 
-cd "$(dirname "$0")/.."
-. scripts/debian-packages.sh
-scripts/install-debian-packages.sh "${native_packages[@]}" "${bench_packages[@]}"
-mkdir -p build
-log=build/bench-build.log
-{ cmake --preset bench && cmake --build --preset bench --target quarnel-cli quarnel-bench-building; } \
-    >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
+. "$(dirname "$0")/prepare.sh"
 
 python3 - build/bench/bin "$folder" "$repetitions" <<'PYTHON'
 import os, random, statistics, subprocess, sys, time
