@@ -63,10 +63,13 @@ int Run(const std::string& path, const std::vector<std::string>& arguments,
     start.hStdOutput = out.handle();
     start.hStdError = err.handle();
     PROCESS_INFORMATION process{};
-    std::string command = CommandLine(program, arguments);
-    if (!CreateProcessA(program.c_str(), command.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                        nullptr, &start, &process))
-        FailToStart(program);
+    const auto isStarted = [&] {
+        std::string command = CommandLine(program, arguments);
+        return CreateProcessA(program.c_str(), command.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                              nullptr, &start, &process) != FALSE;
+    };
+    // About once in some thousand starts Wine refuses one.
+    if (!isStarted() && !isStarted()) FailToStart(program);
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 0;
     GetExitCodeProcess(process.hProcess, &code);
