@@ -141,6 +141,18 @@ TEST(TwoStoryFigures, SayWhatEachFloorAddsToWeightAndShear) {
     EXPECT_THAT(findings.stories.at(1).directions[kX].floorForce, Near(206.0));
 }
 
+// Column 202 stands from 3.5 to 7 m and moves 7 mm: 7 / 3500.
+TEST(TwoStoryFigures, MeasureTheHeightOfAMemberThatIsNotCountedFromItsLowerEnd) {
+    FakeHost host;
+    BuildTwoStories(host);
+    const Findings findings =
+        FindingsOf(host, kCases + "StoryMember,\n1,101,102,\n2,201,203,\nFIN\n");
+    const MemberFindings& column = findings.stories.at(1).cutNotCounted.at(0);
+    EXPECT_EQ(202, column.number);
+    EXPECT_DOUBLE_EQ(3500.0, column.height);
+    EXPECT_THAT(column.angle[kX], Near(1.0 / 500));
+}
+
 // Story 1 moves 7 mm, story 2 back by 4 mm: rs = 500 and -875, their mean is -187.5.
 TEST(TwoStoryFigures, HaveNoUtilisationOfANegativeRatio) {
     FakeHost host;
