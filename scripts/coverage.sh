@@ -18,6 +18,9 @@ mkdir -p build
 { cmake --preset coverage && cmake --build --preset coverage; } >"$log" 2>&1 ||
     { tail -n 30 "$log"; exit 1; }
 find build/coverage -name '*.gcda' -delete
+# Where a test takes away the room for files, what counts cannot write either, and would say so among
+# the lines of the program.
+export GCOV_ERROR_FILE=/dev/null
 ctest --preset coverage -j "$(nproc)" "$@" </dev/null >>"$log" 2>&1 ||
     { tail -n 30 "$log"; exit 1; }
 filters=()

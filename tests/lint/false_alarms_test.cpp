@@ -20,10 +20,15 @@ std::string ToldOf(const std::vector<LintFinding>& findings) {
     return told;
 }
 
+// Whoever has tried an example has its results beside it.
+bool IsInput(const std::filesystem::path& path) {
+    return path.extension() == ".csv" && path.stem().extension() != ".aijR2Result";
+}
+
 std::vector<std::filesystem::path> InputsIn(const std::string& folder) {
     std::vector<std::filesystem::path> paths;
     for (const auto& entry : std::filesystem::directory_iterator(QUARNEL_SOURCE_DIR + folder))
-        if (entry.path().extension() == ".csv") paths.push_back(entry.path());
+        if (IsInput(entry.path())) paths.push_back(entry.path());
     return paths;
 }
 
