@@ -86,6 +86,18 @@ TEST_F(CalculationSheet, CallsDirectionsByTheirAxes) {
     EXPECT_THAT(html.substr(0, html.find("id=\"A2\"")), Not(HasSubstr("Z(or Y)")));
 }
 
+// The plan reaches from 0 to 6 m in x and from 0 to 4 m in z.
+TEST_F(CalculationSheet, NamesTheGridLinesThatCrossAPlan) {
+    const std::string plans =
+        Section(Html("SheetGridX,X1,0,X2,6000,X9,90000,\nSheetGridZ,Z1,0,Z2,4000,Z9,-50000,\n" +
+                     kCases + "FIN\n"),
+                "S6");
+    for (const char* const crossing : {">X1<", ">X2<", ">Z1<", ">Z2<"})
+        EXPECT_THAT(plans, HasSubstr(crossing));
+    for (const char* const beside : {">X9<", ">Z9<"})
+        EXPECT_THAT(plans, Not(HasSubstr(beside)));
+}
+
 TEST_F(CalculationSheet, AsksNobodyForAnything) {
     std::string html = Html();
     const std::string drawing = " xmlns=\"http://www.w3.org/2000/svg\"";
