@@ -14,6 +14,7 @@ namespace {
 // The vertical force that the centre of gravity weighs the member with, kN.
 Figure AxialForce(const StoryUnderFindings& under, const PlacedMember& cut) {
     const AijCodeRoute2& engine = under.engine;
+    if (!under.story.weightAbove || cut.position >= engine.memberAxisZ.size()) return std::nullopt;
     const auto force = under.questions.EndForces(cut.number, LowerEnd(cut.startNode, cut.lowerNode),
                                                  engine.deadLoadCaseNumber);
     if (!force) return std::nullopt;
@@ -82,7 +83,7 @@ MemberFindings FormNotCounted(const StoryUnderFindings& under, const PlacedMembe
             found.shear[axis] =
                 Finite(ShearOf(*force, axes, engine.zIsVertical, engine.inchUnits)[axis]);
         found.drift[axis] = DriftOfOwnNodes(under, cut, axis);
-        if (found.drift[axis])
+        if (found.drift[axis] && found.height > 0.0)
             found.angle[axis] = Finite(DeformAngle(*found.drift[axis], found.height));
     }
     return found;

@@ -35,7 +35,7 @@ std::vector<PlacedMember> CutMembers(const StoryInfo& story,
 MemberAxes ShearAxes(const AijCodeRoute2& engine, const NumberIndex& memberPositions,
                      std::int32_t member) {
     const auto position = memberPositions.Last(member);
-    if (!position) return {};
+    if (!position || *position >= engine.memberAxisZ.size()) return {};
     return {engine.memberAxisX[*position], engine.memberAxisY[*position],
             engine.memberAxisZ[*position]};
 }

@@ -117,6 +117,19 @@ TEST_F(SmallBuildingFigures, HoldWhatTheRowsOfTheResultsShow) {
     EXPECT_THAT(story.rigidityCenterOfResults, Optional(ElementsAre(0.0, 2000.0)));
 }
 
+// No column ends at the level of 1 m, and the last member's upper node is not there: the run warns
+// that there are no story members, and comes to its end without a centre of gravity. The four
+// columns are cut all the same.
+TEST_F(SmallBuildingFigures, HaveNoAxialForcesWithoutACentreOfGravity) {
+    host.Member(50, 1, 999);
+    const StoryFindings story = Story(kCases + "FloorLevel,0,1000,\nFIN\n");
+    EXPECT_TRUE(findings.end.complete) << findings.end.failure;
+    EXPECT_EQ(std::nullopt, story.weightAbove);
+    ASSERT_EQ(4u, story.cutNotCounted.size());
+    for (const MemberFindings& column : story.cutNotCounted)
+        EXPECT_EQ(std::nullopt, column.axialForce) << column.number;
+}
+
 TEST_F(SmallBuildingFigures, GiveTheAngleOfAMemberThatIsNotCountedOverItsOwnHeight) {
     const StoryFindings story = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
     EXPECT_THAT(story.cutNotCounted.at(0).angle, ElementsAre(Near(1.0 / 500), Near(1.0 / 1000)));
