@@ -172,12 +172,6 @@ std::string OpenTag(std::string_view tag, std::initializer_list<HtmlAttribute> a
     return html;
 }
 
-std::string CloseTag(std::string_view tag) {
-    std::string html;
-    AppendCloseTag(html, tag);
-    return html;
-}
-
 std::string Element(std::string_view tag, std::initializer_list<HtmlAttribute> attributes,
                     std::string_view content) {
     std::string html;

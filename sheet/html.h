@@ -37,10 +37,7 @@ struct HtmlAttribute {
 /// "<tag name="value">".
 std::string OpenTag(std::string_view tag, std::initializer_list<HtmlAttribute> attributes = {});
 
-/// "</tag>".
-std::string CloseTag(std::string_view tag);
-
-/// The same, added to HTML.
+/// The same, added to HTML; and "</tag>".
 void AppendOpenTag(std::string& html, std::string_view tag,
                    std::initializer_list<HtmlAttribute> attributes = {});
 void AppendCloseTag(std::string& html, std::string_view tag);

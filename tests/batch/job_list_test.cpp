@@ -83,6 +83,13 @@ TEST_F(JobList, TakesJapaneseNamesInBothEncodings) {
     EXPECT_EQ("計画", Read("name,model,input\n\x8C\x76\x89\xE6,m,i\n").at(0).name);
 }
 
+TEST_F(JobList, IsText) {
+    EXPECT_THAT(Fault(std::string("name,model,input\none,\0,i.csv\n", 29)),
+                HasSubstr("jobs.csv: this is no text in UTF-8 or Shift_JIS"));
+    EXPECT_THAT(Fault("name,model,input\none,\xFF.qhm,i.csv\n"),
+                HasSubstr("jobs.csv: this is no text in UTF-8 or Shift_JIS"));
+}
+
 TEST_F(JobList, NeedsItsHeadingAndARow) {
     EXPECT_THAT(Fault("name,input\na,i\n"), HasSubstr(":1: the heading must be name,model,input"));
     EXPECT_THAT(Fault("name,model,input\n"), HasSubstr("there are no jobs"));

@@ -86,6 +86,13 @@ TEST_F(CalculationSheet, CallsDirectionsByTheirAxes) {
     EXPECT_THAT(html.substr(0, html.find("id=\"A2\"")), Not(HasSubstr("Z(or Y)")));
 }
 
+TEST_F(CalculationSheet, ShowsTheNotesOfTheInputInTheSummary) {
+    const std::string summary =
+        Section(Html("SheetNote,Drawing S-12 <rev. 3>,\n" + kCases + "FIN\n"), "S1");
+    EXPECT_THAT(summary, HasSubstr("class=\"input-note\""));
+    EXPECT_THAT(summary, HasSubstr("Drawing S-12 &lt;rev. 3&gt;"));
+}
+
 // The plan reaches from 0 to 6 m in x and from 0 to 4 m in z.
 TEST_F(CalculationSheet, NamesTheGridLinesThatCrossAPlan) {
     const std::string plans =
