@@ -54,3 +54,16 @@ TEST(Reactions, StandOnceForEachCaseAndNode) {
     EXPECT_THAT(tables.Import().faults,
                 Contains("reactions.csv:3:3: case 1, node 1 stands twice; one row is expected"));
 }
+
+// 1e308 tf are 9.80665e308 kN, and an angle is kept in single precision.
+TEST(NumbersOfATable, StayWithinThoseOfTheModel) {
+    OneStoryTables forces;
+    forces.State("forceUnit", "tf");
+    forces.SetLine("forces", 2, "1,1,start,0,0,1e308");
+    EXPECT_THAT(forces.Import().faults, Contains("forces.csv:2:15: too large a number"));
+    OneStoryTables members;
+    members.Rows("members").front() += ",beta";
+    members.Rows("members")[1] += ",1e39";
+    EXPECT_THAT(members.Import().faults,
+                Contains("members.csv:2:7: too large a number for an angle in degrees"));
+}
