@@ -13,8 +13,6 @@ start_wine() {
     # The services stay up between tests, started by a process that is not a test.
     wineserver -p
     wine cmd /c exit >/dev/null 2>&1 </dev/null
-    # So does the one that COM asks for: two programs that start it at once wait a minute for it.
-    wine net start RpcSs >/dev/null 2>&1 </dev/null
 }
 
 start_virtual_display() {
