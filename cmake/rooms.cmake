@@ -17,17 +17,17 @@ function(quarnel_headers target visibility folder)
     target_include_directories(${target} ${visibility} ${place})
 endfunction()
 
-# A build that is made for one run of the tests takes longer than the tests: then folders that write
-# and lay out pages are not optimised, and the standard library's headers are read once.
+# A build that is made for one run of the tests takes longer than the tests: then folders to
+# which the tests give little to do are not optimised, and the standard library's headers are read once.
 option(QUARNEL_BUILT_FOR_ONE_RUN "Shorten the build at the cost of the programs" OFF)
 
 # The headers are compiled with the first of the libraries that share their options.
-function(quarnel_quick_to_build target writes_pages)
+function(quarnel_quick_to_build target is_light)
     if(NOT QUARNEL_BUILT_FOR_ONE_RUN)
         return()
     endif()
     set(first quarnel_platform)
-    if(writes_pages)
+    if(is_light)
         set(first quarnel_report)
         target_compile_options(${target} PRIVATE -O0)
     endif()
@@ -40,16 +40,16 @@ function(quarnel_quick_to_build target writes_pages)
     endif()
 endfunction()
 
-# quarnel_room(TARGET [PAGES] SOURCES ... [USES ...] [KEEPS ...]): the library of the folder that calls
-# it. PAGES: it writes and lays out; USES: what its headers need, passed on to whoever uses this one;
-# KEEPS: what only its sources need.
+# quarnel_room(TARGET [LIGHT] SOURCES ... [USES ...] [KEEPS ...]): the library of the folder that calls
+# it. LIGHT: the tests give it little to do, beside what the engine and the input check have to; USES:
+# what its headers need, passed on to whoever uses this one; KEEPS: what only its sources need.
 function(quarnel_room target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "PAGES" "" "SOURCES;USES;KEEPS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "LIGHT" "" "SOURCES;USES;KEEPS")
     file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
     add_library(${target} STATIC ${arg_SOURCES})
     quarnel_headers(${target} PUBLIC ${folder})
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE ${arg_KEEPS} quarnel_build_options)
-    quarnel_quick_to_build(${target} ${arg_PAGES})
+    quarnel_quick_to_build(${target} ${arg_LIGHT})
 endfunction()
 
 # quarnel_program(TARGET [WIN32] SOURCES ... USES ...): a program of the folder that calls it.

@@ -21,7 +21,7 @@ struct DirectionRead {
     FigureRead angle;       ///< amount, of the worst upright member
     double angleLimit = 0.0;
     CodeVerdict angleCode = CodeVerdict::kUndetermined;
-    FigureRead meanAngle;
+    FigureRead meanAngle;                  ///< what the tool judges beside its Max
     std::optional<ToolVerdict> angleTool;  ///< of the mean; none (as below) of what was not formed
     FigureRead ratio;
     CodeVerdict ratioCode = CodeVerdict::kUndetermined;

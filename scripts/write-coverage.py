@@ -7,8 +7,6 @@ import sys
 
 BEGIN = "<!-- coverage: written by scripts/coverage.sh -->\n"
 END = "<!-- end -->\n"
-
-
 KEYS = ("line_covered", "line_total", "branch_covered", "branch_total")
 LINK = re.compile(r"^build/coverage/rooms/.*?/(?=[^/]+/[^/]+$)")
 

@@ -3,8 +3,9 @@
 #
 #     tests/fuzz/run.sh [--longest BYTES] SECONDS [TARGET...]
 #
-# TARGET: figures_file, input_readers, json_stream, lint, qhm_file, sheet_lines, tables, whole_run. Of
-# inputs of some hundred bytes ten times as many are tried in a second as of the usual 4096.
+# TARGET: figures_file, input_readers, json_stream, lint, qhm_file, sheet_lines, tables, whole_run.
+# Inputs are up to 4096 bytes long; of shorter ones more are tried in a second, about twice as many of
+# the lines of the sheet up to 256 bytes.
 #
 # What the fuzzer learns is kept in build/fuzz/corpus for the next time; how often each target was
 # executed is added up in build/fuzz/executions and written into docs/coverage.md. A finding ends its

@@ -16,35 +16,35 @@ namespace {
 
 const std::string kSaveIt = "; UTF-8 or Shift_JIS is expected: save the table as one of them";
 
+// Of the sound tables with `text` in place of a line.
+std::vector<std::string> FaultsWith(const std::string& table, std::size_t line,
+                                    const std::string& text) {
+    OneStoryTables tables;
+    tables.SetLine(table, line, text);
+    return tables.Import().faults;
+}
+
 }  // namespace
 
 TEST(UnreadableTable, InUtf16IsNamed) {
-    OneStoryTables tables;
-    tables.SetLine("nodes", 1, std::string("\xFF\xFEn\0o\0", 6));
-    EXPECT_THAT(tables.Import().faults,
+    EXPECT_THAT(FaultsWith("nodes", 1, std::string("\xFF\xFEn\0o\0", 6)),
                 ElementsAre("nodes.csv:1:1: the table is in UTF-16" + kSaveIt));
 }
 
-// The heading has 10 characters and a line's end, "1,0" stands before the zero.
 TEST(UnreadableTable, WithAZeroByteIsToldWhere) {
-    OneStoryTables tables;
-    tables.SetLine("nodes", 2, std::string("1,0\0,0,0", 8));
-    EXPECT_THAT(tables.Import().faults,
+    EXPECT_THAT(FaultsWith("nodes", 2, std::string("1,0\0,0,0", 8)),
                 ElementsAre("nodes.csv:2:4: a zero byte, which no text has" + kSaveIt));
 }
 
+// Below the heading two rows end otherwise; the zero is the fourth byte of the third one.
 TEST(UnreadableTable, CountsLinesThatEndAsOnOldMacsAndOnWindows) {
-    OneStoryTables tables;
-    tables.SetLine("nodes", 2, std::string("1,0,0,0\r2,6,0,0\r\n3,0\0,5,0", 25));
-    EXPECT_THAT(tables.Import().faults,
+    EXPECT_THAT(FaultsWith("nodes", 2, std::string("1,0,0,0\r2,6,0,0\r\n3,0\0,5,0", 25)),
                 ElementsAre("nodes.csv:4:4: a zero byte, which no text has" + kSaveIt));
 }
 
 TEST(UnreadableTable, InNeitherEncodingIsToldWhere) {
-    OneStoryTables tables;
-    tables.SetLine("cases", 2, "1,D\xFF,primary");
     EXPECT_THAT(
-        tables.Import().faults,
+        FaultsWith("cases", 2, "1,D\xFF,primary"),
         ElementsAre("cases.csv:2:4: a character that fits neither UTF-8 nor Shift_JIS" + kSaveIt));
 }
 
