@@ -1,16 +1,15 @@
 #include "cli/batch_command.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <thread>
 
 #include "batch/batch_pages.h"
 #include "batch/run_jobs.h"
+#include "cli/make_folder.h"
 #include "cli/messages.h"
 #include "platform/child_program.h"
 #include "platform/distinct_files.h"
-#include "platform/native_path.h"
 #include "platform/one_line.h"
 #include "platform/terminal.h"
 #include "platform/whole_file.h"
@@ -77,14 +76,6 @@ unsigned AtOnce(const BatchOptions& options) {
     return options.atOnce != 0 ? options.atOnce : std::max(1U, std::thread::hardware_concurrency());
 }
 
-bool MakeFolder(const std::string& folder) {
-    std::error_code error;
-    std::filesystem::create_directories(NativePath(folder), error);
-    if (std::filesystem::is_directory(NativePath(folder), error)) return true;
-    TellError(folder + ": the folder for the jobs cannot be made");
-    return false;
-}
-
 ExitCode RunAll(const std::vector<Job>& jobs, const std::string& listPath,
                 const BatchOptions& options) {
     using Use = NamedFile::Use;
@@ -98,7 +89,7 @@ ExitCode RunAll(const std::vector<Job>& jobs, const std::string& listPath,
         TellError(*collision + "; nothing was written");
         return kExitUsage;
     }
-    if (!MakeFolder(folder)) return kExitUsage;
+    if (!MakeFolder(folder, "the jobs")) return kExitUsage;
     const BatchProgress progress(jobs.size());
     const BatchRun run{OwnProgramPath(), folder, AtOnce(options),
                        [&progress](std::size_t ended, const JobOutcome&) { progress.Show(ended); }};

@@ -1,7 +1,6 @@
 #include "cli/check_command.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <iterator>
 #include <vector>
@@ -10,12 +9,12 @@
 #include "cli/check_report.h"
 #include "cli/figure_files.h"
 #include "cli/input_cautions.h"
+#include "cli/make_folder.h"
 #include "cli/messages.h"
 #include "compute/describe_run.h"
 #include "host/recorded_host.h"
 #include "input/sheet_lines.h"
 #include "lint/input_remarks.h"
-#include "platform/native_path.h"
 #include "platform/one_line.h"
 #include "platform/regular_file.h"
 #include "platform/terminal.h"
@@ -156,20 +155,12 @@ void Print(const RunOutcome& outcome, const ReportPaths& reports, const CheckOpt
     std::cout << std::flush;
 }
 
-bool MakeFolder(const std::string& folder) {
-    if (folder.empty()) return true;
-    std::error_code error;
-    std::filesystem::create_directories(NativePath(folder), error);
-    if (std::filesystem::is_directory(NativePath(folder), error)) return true;
-    TellError(folder + ": the folder for log and results cannot be made");
-    return false;
-}
-
 }  // namespace
 
 CheckResult CheckOnHost(const CheckedHost& host, const std::string& inputPath,
                         const CheckOptions& options, const FileGuard& guard) {
-    if (!MakeFolder(options.reportFolder)) return {{}, {}, kExitUsage, {}};
+    if (!options.reportFolder.empty() && !MakeFolder(options.reportFolder, "log and results"))
+        return {{}, {}, kExitUsage, {}};
     InputCheck input = CheckInputFile(inputPath);
     if (options.lintsInput == LintsInput::kYes)
         CautionAboutInput(input, inputPath, options.detail == Detail::kQuiet);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double kWidth = 84.0;  // mm on paper
+constexpr double kPlanWidth = 84.0;  // mm on paper
 constexpr double kHeight = 70.0;
 constexpr double kMargin = 9.0;
 constexpr double kHead = 7.0;
@@ -39,7 +39,7 @@ struct PlanField {
     Point PointOf(double x, double v) const {
         const double middleX = (extent.left + extent.right) / 2.0;
         const double middleV = (extent.bottom + extent.top) / 2.0;
-        return {kWidth / 2.0 + (x - middleX) * scale,
+        return {kPlanWidth / 2.0 + (x - middleX) * scale,
                 kHead + (kHeight - kHead - kFoot) / 2.0 - (v - middleV) * scale};
     }
 };
@@ -55,8 +55,8 @@ PlanField FieldOf(const StoryRead* a, const StoryRead* b) {
     }
     const double width = std::max(field.extent.right - field.extent.left, 1.0);
     const double height = std::max(field.extent.top - field.extent.bottom, 1.0);
-    field.scale =
-        std::min((kWidth - 2.0 * kMargin) / width, (kHeight - kHead - kFoot - kMargin) / height);
+    field.scale = std::min((kPlanWidth - 2.0 * kMargin) / width,
+                           (kHeight - kHead - kFoot - kMargin) / height);
     return field;
 }
 
@@ -112,7 +112,7 @@ FilledWords TitleOf(const StoryRead* a, const StoryRead* b) {
 std::string PlanDrawing(const StoryRead* a, const StoryRead* b,
                         const std::string& secondDirection) {
     const FilledWords title = TitleOf(a, b);
-    Svg svg(kWidth, kHeight, title,
+    Svg svg(kPlanWidth, kHeight, title,
             {"柱の位置、重心 G、剛心 R。灰色は A、黒は B",
              "members, centres of gravity G and of rigidity R; A grey, B black"});
     svg.Text({2.0, 4.0}, {2.6, Anchor::kStart, kBlack, true}, DrawnInBoth(title));
@@ -123,7 +123,7 @@ std::string PlanDrawing(const StoryRead* a, const StoryRead* b,
     if (a != nullptr) DrawCenters(svg, field, *a, "A", {kGrey, 0.25}, -1.0);
     if (b != nullptr) DrawCenters(svg, field, *b, "B", {kBlack, 0.35}, 1.0);
     DrawScaleBar(svg, {3.0, kHeight - 3.0}, field.scale, 25.0);
-    DrawAxis(svg, {kWidth - 12.0, kHeight - 2.0}, {1.0, 0.0}, "X");
-    DrawAxis(svg, {kWidth - 12.0, kHeight - 2.0}, {0.0, -1.0}, secondDirection);
+    DrawAxis(svg, {kPlanWidth - 12.0, kHeight - 2.0}, {1.0, 0.0}, "X");
+    DrawAxis(svg, {kPlanWidth - 12.0, kHeight - 2.0}, {0.0, -1.0}, secondDirection);
     return svg.Html();
 }

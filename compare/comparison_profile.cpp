@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double kWidth = 84.0;  // mm on paper, as all lengths here
+constexpr double kProfileWidth = 84.0;  // mm on paper, as all lengths here
 constexpr double kLeft = 16.0;
 constexpr double kTop = 7.0;
 constexpr double kBottom = 4.0;
@@ -63,7 +63,7 @@ void DrawStories(Svg& svg, const Field& field, const std::vector<std::string>& s
     const auto step = static_cast<std::size_t>(std::ceil(3.0 / field.band));
     for (std::size_t story = 0; story < stories.size(); ++story) {
         const double level = kTop + static_cast<double>(field.stories - story) * field.band;
-        svg.Line({kLeft, level}, {kWidth - 2.0, level}, {kLightGrey, 0.1});
+        svg.Line({kLeft, level}, {kProfileWidth - 2.0, level}, {kLightGrey, 0.1});
         if (story % step == 0)
             svg.Text({kLeft - 1.0, field.MiddleOf(story) + 0.8},
                      {kSmallestText, Anchor::kEnd, kBlack}, HtmlText(stories[story], 12));
@@ -76,8 +76,8 @@ std::string ProfileDrawing(const ComparedProfile& profile) {
     Field field;
     field.stories = profile.stories.size();
     field.band = std::min(kBand, kTallest / std::max(1.0, static_cast<double>(field.stories)));
-    field.scale = (kWidth - kLeft - 4.0) / std::max(LargestOf(profile) * 1.05, 1e-12);
-    Svg svg(kWidth, field.Bottom() + kBottom, profile.title,
+    field.scale = (kProfileWidth - kLeft - 4.0) / std::max(LargestOf(profile) * 1.05, 1e-12);
+    Svg svg(kProfileWidth, field.Bottom() + kBottom, profile.title,
             {"細い灰色は A、黒は B、赤い破線は許容値",
              "A thin and grey, B black, the limit red and dashed"});
     svg.Text({kLeft, 4.0}, {2.6, Anchor::kStart, kBlack, true}, DrawnInBoth(profile.title));

@@ -2,13 +2,12 @@
 
 #include <utility>
 
+#include "host/rejected_call.h"
+
 namespace {
 
 constexpr DWORD kLongestMs = 60000;
 constexpr DWORD kPauseMs = 200;
-
-// What COM takes for "the call fails".
-constexpr DWORD kGiveUp = static_cast<DWORD>(-1);
 
 }  // namespace
 

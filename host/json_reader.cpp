@@ -10,8 +10,6 @@ namespace {
 
 using Kind = JsonToken::Kind;
 
-constexpr std::size_t kLongestKey = 40;  // in messages
-
 }  // namespace
 
 JsonReader::JsonReader(std::FILE* file) : stream_(file) {
@@ -119,7 +117,7 @@ std::string JsonReader::Path() const {
             path.append("[").append(std::to_string(level.index)).append("]");
         } else {
             if (!path.empty()) path += '.';
-            path += OneLine(level.key, kLongestKey);
+            path += OneLine(level.key, kLongestShownKey);
         }
     }
     return path;

@@ -12,6 +12,9 @@
 #include "host/json_stream.h"
 #include "host/number_positions.h"
 
+/// Characters of a key that a message shows.
+inline constexpr std::size_t kLongestShownKey = 40;
+
 /// Reads a JSON text of a known form from a file, value by value, and knows the way to the value
 /// that it reads: "nodes[3].xyz[1]".
 ///

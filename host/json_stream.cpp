@@ -9,6 +9,8 @@
 #include <functional>
 #include <limits>
 
+#include "platform/utf8_character.h"
+
 namespace {
 
 using Kind = JsonToken::Kind;
@@ -121,10 +123,9 @@ private:
 };
 
 void PassOverMark(std::FILE* file) {
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    std::array<char, kMark.size()> start{};
+    std::array<char, kByteOrderMark.size()> start{};
     const std::size_t size = std::fread(start.data(), 1, start.size(), file);
-    if (std::string_view(start.data(), size) != kMark) std::rewind(file);
+    if (std::string_view(start.data(), size) != kByteOrderMark) std::rewind(file);
 }
 
 // The parser with its tokens, fed with a file block by block.

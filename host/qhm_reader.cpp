@@ -363,9 +363,8 @@ void QhmReader::ReadNames() {
 }
 
 void QhmReader::PassOver(const std::string& key) {
-    constexpr std::size_t kLongestKey = 40;
     if (++unknownKeys_ <= kMostCautions)
-        contents_.cautions.push_back("the unknown key \"" + OneLine(key, kLongestKey) +
+        contents_.cautions.push_back("the unknown key \"" + OneLine(key, kLongestShownKey) +
                                      "\" is passed over; if it is a misspelt one, what it holds "
                                      "counts as not given");
     json_.Skip();

@@ -7,7 +7,6 @@ namespace {
 // From this answer of a message filter on, it is the pause in milliseconds before the call is made
 // again; a smaller one means at once.
 constexpr DWORD kShortestPauseMs = 100;
-constexpr DWORD kGiveUp = static_cast<DWORD>(-1);
 
 bool IsRejection(HRESULT status) {
     return status == RPC_E_CALL_REJECTED || status == RPC_E_SERVERCALL_RETRYLATER;

@@ -4,6 +4,9 @@
 
 #include <functional>
 
+/// A message filter's answer to a rejected call that COM takes for "the call fails".
+inline constexpr DWORD kGiveUp = static_cast<DWORD>(-1);
+
 /// Makes a call to the host, again and again as the thread's message filter says while the host
 /// answers that it rejects the call; without a filter once. The call's last answer.
 ///

@@ -9,6 +9,9 @@ struct InputPlace {
     std::size_t length = 0;  ///< bytes
 };
 
+/// Where a finding stands that is about the file as a whole.
+inline constexpr InputPlace kWholeFile{1, 0, 0};
+
 /// A value of the input file and where it stands.
 template <typename Value>
 struct Placed {

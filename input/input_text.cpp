@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kMostIndexedLines = 100002;
 
 std::vector<std::size_t> FindLineStarts(std::string_view text) {

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "input/line_text.h"
+#include "platform/utf8_character.h"
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kOtherSeparators = ";\t";
 constexpr std::size_t kMostSlippedLetters = 2;
 

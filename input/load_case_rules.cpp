@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr InputPlace kWholeFile{1, 0, 0};
-
 std::vector<const InputLine*> LinesOf(const InputView& view, Keyword keyword) {
     std::vector<const InputLine*> lines;
     for (std::size_t i = 0; i < view.meanings.size(); ++i)

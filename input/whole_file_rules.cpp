@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr InputPlace kWholeFile{1, 0, 0};
-
 // --- Other kinds of files
 
 bool IsUtf16(std::string_view text) {

@@ -8,9 +8,7 @@
 
 namespace {
 
-constexpr std::size_t kLeastMembers = 3;
 constexpr double kLeastShareOfPlan = 0.1;
-constexpr double kOneFloor = 100.0;  // mm
 
 // Share of the plan that a rectangle spans; of a plane frame the share of its length.
 double ShareOf(const PlanRectangle& part, const PlanRectangle& whole) {
@@ -55,7 +53,7 @@ std::vector<BeamLevel> FindBeamLevels(const ModelView& view) {
 }
 
 bool CarriesAFloor(const BeamLevel& level, const ModelView& view) {
-    return level.members >= kLeastMembers &&
+    return level.members >= kLeastMembersOfAFloor &&
            ShareOf(level.plan, PlanOfNodes(view.Engine())) >= kLeastShareOfPlan;
 }
 

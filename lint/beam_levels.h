@@ -6,6 +6,12 @@
 #include "lint/model_view.h"
 #include "route2/floor_shape.h"
 
+/// Beams of one floor lie less than this apart, mm.
+inline constexpr double kOneFloor = 100.0;
+
+/// Horizontal members that a floor has at least.
+inline constexpr std::size_t kLeastMembersOfAFloor = 3;
+
 /// A height at which horizontal members lie: a floor, a landing, two beams.
 struct BeamLevel {
     double level = 0.0;       ///< mm, of the first member there

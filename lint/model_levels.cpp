@@ -13,10 +13,7 @@
 
 namespace {
 
-// All in mm.
-constexpr double kOneFloor = 100.0;
-constexpr double kLowStory = 2100.0;
-constexpr std::size_t kLeastMembers = 3;
+constexpr double kLowStory = 2100.0;  // mm
 
 bool IsSame(double a, double b) {
     return std::abs(a - b) < kSameLevel;
@@ -77,7 +74,7 @@ void CheckMissingLevels(const ModelView& view, const std::vector<double>& levels
         findings.Add(FindingOf(ModelRule::kM05Base).With("l", RoundedText(base)));
     for (const BeamLevel& beams : FindBeamLevels(view)) {
         const bool isBase = IsSame(beams.level, base);
-        if (beams.members >= kLeastMembers && !isBase && !IsAmong(levels, beams.level))
+        if (beams.members >= kLeastMembersOfAFloor && !isBase && !IsAmong(levels, beams.level))
             findings.Add(FindingOf(ModelRule::kM05).With("l", RoundedText(beams.level)));
     }
 }

@@ -6,12 +6,12 @@
 
 #include "input/input_check.h"
 #include "input/line_text.h"
+#include "platform/utf8_character.h"
 
 namespace {
 
 constexpr int kMostRounds = 64;  // a line may have several mistakes, one behind the other
 constexpr std::size_t kMostBytes = 1000000;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool IsOneOf(std::string_view id, std::initializer_list<std::string_view> ids) {
     return std::ranges::find(ids, id) != ids.end();
@@ -63,7 +63,7 @@ bool IsKept(const std::string& line) {
 }
 
 // The lines of a text while they are put right.
-struct Draft {
+struct RepairDraft {
     struct Line {
         std::string text;
         bool isTouched = false;  // once in a round: the next finding is looked at afresh
@@ -74,10 +74,10 @@ struct Draft {
     bool hasChanged = false;
 };
 
-void Apply(const LintFinding& finding, Draft& draft) {
+void Apply(const LintFinding& finding, RepairDraft& draft) {
     const std::size_t number = finding.place.line;
     if (number == 0 || number > draft.lines.size()) return;
-    Draft::Line& line = draft.lines[number - 1];
+    RepairDraft::Line& line = draft.lines[number - 1];
     if (line.isTouched) return;
     if (IsTakenOut(finding)) {
         if (IsKept(line.text)) draft.moved += line.text + '\n';
@@ -93,14 +93,14 @@ void Apply(const LintFinding& finding, Draft& draft) {
 
 // Nothing when nothing is left to repair.
 std::optional<std::string> RepairOnce(const InputText& text) {
-    Draft draft;
+    RepairDraft draft;
     for (const std::string& line : LinesOf(text.Text()))
         draft.lines.push_back({line});
     for (const LintFinding& finding : CheckInputText(text).findings)
         Apply(finding, draft);
     if (!draft.hasChanged) return std::nullopt;
     std::string repaired = draft.moved;
-    for (const Draft::Line& line : draft.lines)
+    for (const RepairDraft::Line& line : draft.lines)
         if (!line.isTakenOut) repaired += line.text + '\n';
     return repaired;
 }

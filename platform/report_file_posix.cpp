@@ -6,12 +6,11 @@
 #include <cerrno>
 #include <optional>
 
+#include "platform/mode_of_new_files.h"
 #include "platform/regular_file.h"
 #include "platform/report_file.h"
 
 namespace {
-
-constexpr mode_t kModeOfNewFiles = 0666;  // less what the user's umask takes away
 
 // A descriptor that is closed with its owner.
 class Descriptor {

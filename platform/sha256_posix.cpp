@@ -12,13 +12,12 @@ void Require(int isSuccess) {
     if (isSuccess != 1) throw std::runtime_error("the system's library refuses to form SHA-256");
 }
 
-struct FreeContext {
-    void operator()(EVP_MD_CTX* context) const { EVP_MD_CTX_free(context); }
-};
-
 }  // namespace
 
 struct Sha256::State {
+    struct FreeContext {
+        void operator()(EVP_MD_CTX* opened) const { EVP_MD_CTX_free(opened); }
+    };
     std::unique_ptr<EVP_MD_CTX, FreeContext> context{EVP_MD_CTX_new()};
 };
 

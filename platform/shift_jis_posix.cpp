@@ -3,10 +3,9 @@
 #include <array>
 
 #include "platform/shift_jis.h"
+#include "platform/utf8_character.h"
 
 namespace {
-
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
 
 // A conversion of the C library; one that it does not have converts nothing.
 class Converter {
@@ -49,7 +48,7 @@ std::string Utf8OfShiftJis(std::string_view bytes) {
         converter.Convert(bytes, text);
         if (bytes.size() != before) continue;
         const bool isAscii = static_cast<unsigned char>(bytes.front()) < 0x80;
-        text += isAscii ? bytes.substr(0, 1) : kReplacement;
+        text += isAscii ? bytes.substr(0, 1) : kReplacementCharacter;
         bytes.remove_prefix(1);
     }
     return text;

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
-
 bool IsBetween(char byte, int lowest, int highest) {
     const int value = static_cast<unsigned char>(byte);
     return lowest <= value && value <= highest;
@@ -75,7 +73,8 @@ std::string ToUtf8(std::string_view bytes, TextEncoding encoding) {
     std::string text;
     for (std::string_view rest = bytes; !rest.empty();) {
         const Utf8Character character = FirstUtf8Character(rest);
-        text += character.code == kNoUtf8Character ? kReplacement : rest.substr(0, character.size);
+        text += character.code == kNoUtf8Character ? kReplacementCharacter
+                                                   : rest.substr(0, character.size);
         rest.remove_prefix(character.size);
     }
     return text;

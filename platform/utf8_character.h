@@ -6,6 +6,12 @@
 /// What a byte that begins no character of UTF-8 stands for.
 inline constexpr char32_t kNoUtf8Character = 0xFFFFFFFF;
 
+/// What programs of Windows put before a UTF-8 text; no part of it.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// Stands in a text for bytes that cannot be read: U+FFFD, in UTF-8.
+inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
+
 /// A character of a UTF-8 text.
 struct Utf8Character {
     char32_t code = kNoUtf8Character;  ///< its code point

@@ -7,13 +7,13 @@
 #include <filesystem>
 
 #include "platform/file_identity.h"
+#include "platform/mode_of_new_files.h"
 #include "platform/stdio_file.h"
 #include "platform/unused_name.h"
 #include "platform/whole_file.h"
 
 namespace {
 
-constexpr mode_t kModeOfNewFiles = 0666;  // less what the user's umask takes away
 constexpr mode_t kPermissions = 0777;
 
 [[noreturn]] void Fail(const std::string& what) {

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <vector>
 
+#include "platform/utf8_character.h"
+
 namespace {
 
 // A number as plain decimals that read back to it; empty when it is not finite.
@@ -145,15 +147,14 @@ std::string AsLine(const std::vector<std::string>& cells) {
     return line.append("\r\n");
 }
 
-constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
-
 }  // namespace
 
 std::string FlatTable(const Findings& findings) {
     std::vector<std::string> headings;
     for (const Column& column : kColumns)
         headings.emplace_back(column.heading);
-    std::string table = kByteOrderMark + AsLine(headings);
+    std::string table(kByteOrderMark);
+    table += AsLine(headings);
     for (std::size_t i = findings.stories.size(); i-- > 0;) {
         const StoryFindings& story = findings.stories[i];
         for (const std::size_t axis : {kX, kZ}) {
@@ -167,8 +168,8 @@ std::string FlatTable(const Findings& findings) {
 }
 
 std::string FlatMemberTable(const Findings& findings) {
-    std::string table =
-        kByteOrderMark + AsLine({std::begin(kMemberHeadings), std::end(kMemberHeadings)});
+    std::string table(kByteOrderMark);
+    table += AsLine({std::begin(kMemberHeadings), std::end(kMemberHeadings)});
     for (std::size_t i = findings.stories.size(); i-- > 0;) {
         const StoryFindings& story = findings.stories[i];
         for (const MemberFindings& member : story.members)

@@ -33,7 +33,7 @@ void FormRatio(const StoryUnderFindings& under, std::size_t axis, DirectionFindi
         direction.ratioUtilisation = Finite(kCodeStiffnessRatio / *direction.stiffnessRatio);
 }
 
-Figure MeanUprightDrift(const StoryFindings& story, std::size_t axis) {
+Figure MeanUprightDriftFound(const StoryFindings& story, std::size_t axis) {
     return story.directions[axis].meanUprightDrift;
 }
 
@@ -78,7 +78,8 @@ void FormStiffnessRatios(const StoryUnderFindings& under, StoryFindings& found) 
 
 void FormReferenceRatios(std::vector<StoryFindings>& stories) {
     for (const std::size_t axis : {kX, kZ}) {
-        FormReference(stories, axis, MeanUprightDrift, &DirectionFindings::stiffnessRatioUpright);
+        FormReference(stories, axis, MeanUprightDriftFound,
+                      &DirectionFindings::stiffnessRatioUpright);
         FormReference(stories, axis, TranslationalDrift,
                       &DirectionFindings::stiffnessRatioTranslational);
     }

@@ -2,12 +2,12 @@
 
 #include <cmath>
 
+#include "host/units.h"
 #include "report/number_text.h"
 #include "sheet/html.h"
 
 namespace {
 
-constexpr double kMillimetresPerMetre = 1000.0;
 constexpr double kArrowLength = 6.0;  // mm
 
 // The greatest of 1, 2 and 5 times a power of ten that is not above `limit`.

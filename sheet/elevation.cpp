@@ -17,10 +17,10 @@
 
 namespace {
 
-constexpr double kWidth = 86.0;  // of one view, mm on paper
-constexpr double kLeft = 5.0;
-constexpr double kTop = 5.5;
-constexpr double kBelow = 7.5;          // supports, ground, axis
+constexpr double kViewWidth = 86.0;  // of one view, mm on paper
+constexpr double kViewLeft = 5.0;
+constexpr double kViewTop = 5.5;
+constexpr double kViewBelow = 7.5;      // supports, ground, axis
 constexpr double kNameGap = 3.4;        // between the drawing and the names beside it
 constexpr double kNarrowColumn = 12.0;  // of names
 constexpr double kWideColumn = 24.0;    // longer names are cut
@@ -120,11 +120,12 @@ public:
           axis_(axis),
           size_(size),
           across_(across),
-          drawnWidth_(kWidth - kLeft - size.names),
-          svg_(kWidth, kTop + size.height + kBelow, Title(), Text("elevation description")) {}
+          drawnWidth_(kViewWidth - kViewLeft - size.names),
+          svg_(kViewWidth, kViewTop + size.height + kViewBelow, Title(),
+               Text("elevation description")) {}
 
     void AppendHtml(std::string& html) {
-        svg_.Text({kLeft - 3.0, 3.2}, {.size = 2.6, .isBold = true}, DrawnInBoth(Title()));
+        svg_.Text({kViewLeft - 3.0, 3.2}, {.size = 2.6, .isBold = true}, DrawnInBoth(Title()));
         DrawLevelLines();
         DrawMembers();
         DrawSupports();
@@ -141,10 +142,12 @@ private:
 
     double X(double coordinate) const {
         const double margin = (drawnWidth_ - across_.Size() * size_.scale) / 2.0;
-        return kLeft + margin + (coordinate - across_.low) * size_.scale;
+        return kViewLeft + margin + (coordinate - across_.low) * size_.scale;
     }
-    double Y(double height) const { return kTop + (size_.vertical.high - height) * size_.scale; }
-    double Right() const { return kLeft + drawnWidth_; }
+    double Y(double height) const {
+        return kViewTop + (size_.vertical.high - height) * size_.scale;
+    }
+    double Right() const { return kViewLeft + drawnWidth_; }
 
     Point At(const Vec3& point) const {
         return {X(PlanCoordinate(point, axis_, findings_.zIsVertical)),
@@ -154,7 +157,7 @@ private:
     void DrawLevelLines() {
         std::vector<std::pair<Point, Point>> lines;
         for (const double level : findings_.floorLevels)
-            lines.push_back({{kLeft - 3.0, Y(level)}, {Right() + 1.0, Y(level)}});
+            lines.push_back({{kViewLeft - 3.0, Y(level)}, {Right() + 1.0, Y(level)}});
         svg_.Lines(lines, {"#555", 0.15, "3 0.8 0.5 0.8"});
     }
 
@@ -235,7 +238,7 @@ private:
     }
 
     std::vector<double> Spread(const std::vector<double>& wanted) const {
-        return SpreadApart(wanted, kTextGap, kTop - 1.5, kTop + size_.height + 1.5);
+        return SpreadApart(wanted, kTextGap, kViewTop - 1.5, kViewTop + size_.height + 1.5);
     }
 
     // Names from the top down, moved apart where levels lie close, with a line to their level.
@@ -276,8 +279,8 @@ private:
 
     void DrawFoot() {
         const double y = svg_.Height() - 1.6;
-        DrawAxis(svg_, {kLeft - 3.0, y}, {1.0, 0.0}, sheet_.names.Direction(axis_));
-        DrawScaleBar(svg_, {kLeft + 14.0, y}, size_.scale, 24.0);
+        DrawAxis(svg_, {kViewLeft - 3.0, y}, {1.0, 0.0}, sheet_.names.Direction(axis_));
+        DrawScaleBar(svg_, {kViewLeft + 14.0, y}, size_.scale, 24.0);
     }
 
     const Sheet& sheet_;
@@ -306,7 +309,7 @@ ViewSize SizeFor(const Sheet& sheet, const Extent& vertical, double width, bool 
     }
     size.storyNames = kNameGap + (storiesAside ? levels : 1.0);
     size.names = std::max(kNameGap + levels, size.storyNames + stories);
-    const double room = kWidth - kLeft - size.names - 6.0;
+    const double room = kViewWidth - kViewLeft - size.names - 6.0;
     const double limit = GreatestElevation(sheet);
     size.scale = limit / std::max(vertical.Size(), 1.0);
     if (width > 0.0) size.scale = std::min(size.scale, room / width);
@@ -322,7 +325,7 @@ ViewSize ChooseSize(const Sheet& sheet, const Extent& vertical, double width) {
     return hasRoom ? size : SizeFor(sheet, vertical, width, true);
 }
 
-std::string Legend() {
+std::string ElevationLegend() {
     const auto line = [](const Stroke& stroke) {
         Svg sample(7, 2.6, {"線", "line"}, {"", ""});
         sample.Line({0, 1.3}, {7, 1.3}, stroke);
@@ -361,5 +364,5 @@ std::string Elevations(const Sheet& sheet) {
         View(sheet, roles, axis, size, across[axis]).AppendHtml(html);
         html += "</figure>";
     }
-    return html + "</div>\n" + Legend();
+    return html + "</div>\n" + ElevationLegend();
 }

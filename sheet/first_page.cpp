@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr double kGreatestHeight = 95.0;  // mm
-constexpr double kSmallestHeight = 26.0;  // the names of nine levels have room beside it
+constexpr double kGreatestHeightOfElevation = 95.0;  // mm
+constexpr double kSmallestHeight = 26.0;             // the names of nine levels have room beside it
 constexpr double kSmallestCrowded = 22.0;
 constexpr double kRoomOfAll = 70.0;   // without stories
 constexpr double kRoomOfStory = 7.6;  // its two rows
@@ -44,9 +44,10 @@ bool IsFirstPageCrowded(const Sheet& sheet) {
 }
 
 double GreatestElevation(const Sheet& sheet) {
-    if (sheet.StoryCount() > kMostStoriesOnFirstPage) return kGreatestHeight;
+    if (sheet.StoryCount() > kMostStoriesOnFirstPage) return kGreatestHeightOfElevation;
     double room = kRoomOfAll - kRoomOfStory * static_cast<double>(sheet.StoryCount());
-    if (!IsFirstPageCrowded(sheet)) return std::clamp(room, kSmallestHeight, kGreatestHeight);
+    if (!IsFirstPageCrowded(sheet))
+        return std::clamp(room, kSmallestHeight, kGreatestHeightOfElevation);
     room += kRoomGained - HeightOfErrors(sheet.findings);
-    return std::clamp(room, kSmallestCrowded, kGreatestHeight);
+    return std::clamp(room, kSmallestCrowded, kGreatestHeightOfElevation);
 }

@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr std::size_t kShownDigestDigits = 16;
-
 std::string Digest(const std::optional<std::string>& sha256) {
     if (!sha256) return {};
     return Element("span", {{"class", "digest"}},

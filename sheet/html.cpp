@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
-
 bool IsBetween(char32_t character, char32_t lowest, char32_t highest) {
     return lowest <= character && character <= highest;
 }
@@ -47,7 +45,7 @@ std::string_view TakeCharacter(std::string_view& text) {
     const std::string_view bytes = text.substr(0, character.size);
     text.remove_prefix(character.size);
     if (const std::string_view escape = EscapeOf(character.code); !escape.empty()) return escape;
-    return IsUnfit(character.code) ? kReplacement : bytes;
+    return IsUnfit(character.code) ? kReplacementCharacter : bytes;
 }
 
 // By byte, what stands for itself in HTML.
@@ -164,6 +162,14 @@ void AppendCloseTag(std::string& html, std::string_view tag) {
     html += "</";
     html += tag;
     html += '>';
+}
+
+void AppendAttribute(std::string& html, std::string_view name, std::string_view value) {
+    html += ' ';
+    html += name;
+    html += "=\"";
+    html += value;
+    html += '"';
 }
 
 std::string OpenTag(std::string_view tag, std::initializer_list<HtmlAttribute> attributes) {

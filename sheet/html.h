@@ -42,6 +42,9 @@ void AppendOpenTag(std::string& html, std::string_view tag,
                    std::initializer_list<HtmlAttribute> attributes = {});
 void AppendCloseTag(std::string& html, std::string_view tag);
 
+/// ` name="value"`, added to an opening tag; the value is HTML already.
+void AppendAttribute(std::string& html, std::string_view name, std::string_view value);
+
 /// An element around `content`, which is HTML.
 std::string Element(std::string_view tag, std::initializer_list<HtmlAttribute> attributes,
                     std::string_view content);

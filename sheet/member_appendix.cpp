@@ -5,6 +5,7 @@
 #include <cmath>
 #include <unordered_set>
 
+#include "host/units.h"
 #include "report/number_text.h"
 #include "sheet/concat.h"
 #include "sheet/html.h"
@@ -17,7 +18,6 @@ namespace {
 
 constexpr std::size_t kWorstMembers = 10;
 constexpr double kHardlyMoving = 0.1;  // mm
-constexpr double kMillimetresPerMetre = 1000.0;
 
 Figure InMetres(const Figure& figure) {
     if (!figure) return std::nullopt;

@@ -17,12 +17,12 @@
 
 namespace {
 
-constexpr double kWidth = 84.0;
-constexpr double kGreatestHeight = 70.0;
-constexpr double kMargin = 8.0;    // about the building
-constexpr double kFoot = 7.5;      // scale bar and axes
-constexpr double kGridHead = 4.5;  // names of grid lines
-constexpr double kMark = 1.0;      // half a story member's square, where there is room
+constexpr double kPlanWidth = 84.0;
+constexpr double kGreatestPlanHeight = 70.0;
+constexpr double kMargin = 8.0;      // about the building
+constexpr double kFoot = 7.5;        // scale bar and axes
+constexpr double kGridHead = 4.5;    // names of grid lines
+constexpr double kMemberMark = 1.0;  // half a story member's square, where there is room
 constexpr double kSmallestMark = 0.5;
 constexpr double kLongestBar = 7.0;  // where there is room
 constexpr double kShortestBar = 3.0;
@@ -66,7 +66,7 @@ struct PlanScale {
 
     double X(double x) const {
         const double used = shown.WidthX() * scale;
-        return (kWidth - used) / 2.0 + (x - shown.lowX) * scale;
+        return (kPlanWidth - used) / 2.0 + (x - shown.lowX) * scale;
     }
     double Y(double v) const {
         return top + kMargin + (secondGoesUp ? shown.highV - v : v - shown.lowV) * scale;
@@ -106,8 +106,8 @@ PlanScale ScaleFor(const Sheet& sheet) {
     plan.shown = AreaShown(sheet.findings, plan.building);
     const bool hasGrid = !sheet.content.sheetLines.gridX.empty();
     plan.top = hasGrid ? kGridHead : 0.0;
-    const double roomX = kWidth - 2.0 * kMargin;
-    const double roomV = kGreatestHeight - 2.0 * kMargin - kFoot - plan.top;
+    const double roomX = kPlanWidth - 2.0 * kMargin;
+    const double roomV = kGreatestPlanHeight - 2.0 * kMargin - kFoot - plan.top;
     plan.scale = std::min(roomX / std::max(plan.shown.WidthX(), 1000.0),
                           roomV / std::max(plan.shown.WidthV(), 1000.0));
     plan.height = plan.Bottom() + kFoot;
@@ -153,10 +153,10 @@ public:
           beams_(beams),
           story_(story),
           spacing_(Spacing()),
-          mark_(std::clamp(0.3 * spacing_, kSmallestMark, kMark)),
+          mark_(std::clamp(0.3 * spacing_, kSmallestMark, kMemberMark)),
           bar_(std::clamp(0.8 * spacing_, kShortestBar, kLongestBar)),
-          svg_(kWidth, plan.height, Title(), Text("plan description")),
-          places_({0.5, 0.5, kWidth - 0.5, plan.Bottom()}) {}
+          svg_(kPlanWidth, plan.height, Title(), Text("plan description")),
+          places_({0.5, 0.5, kPlanWidth - 0.5, plan.Bottom()}) {}
 
     void AppendHtml(std::string& html) {
         DrawBox();
@@ -186,7 +186,7 @@ private:
             lines[kX].push_back(std::lround(10.0 * at.x));
             lines[kZ].push_back(std::lround(10.0 * at.y));
         }
-        double smallest = kWidth;
+        double smallest = kPlanWidth;
         for (auto& along : lines) {
             std::ranges::sort(along);
             for (std::size_t i = 1; i < along.size(); ++i) {
@@ -212,7 +212,7 @@ private:
     std::optional<Point> R() const { return CenterOf(story_.rigidityCenter); }
 
     bool IsOnPaper(Point at) const {
-        return at.x > 1.0 && at.x < kWidth - 1.0 && at.y > 1.0 && at.y < plan_.Bottom() - 1.0;
+        return at.x > 1.0 && at.x < kPlanWidth - 1.0 && at.y > 1.0 && at.y < plan_.Bottom() - 1.0;
     }
 
     // Where the centre of gravity must lie: 0.15 times the elastic radii about the centre of
@@ -237,7 +237,7 @@ private:
         for (const GridLine& line : axis == kX ? lines.gridX : lines.gridSecond) {
             const double at = axis == kX ? plan_.X(line.at) : plan_.Y(line.at);
             const double low = axis == kX ? 1.0 : plan_.top;
-            const double high = axis == kX ? kWidth - 1.0 : plan_.Bottom();
+            const double high = axis == kX ? kPlanWidth - 1.0 : plan_.Bottom();
             if (at >= low && at <= high) drawn.emplace_back(at, &line);
         }
         return drawn;
@@ -248,7 +248,7 @@ private:
         for (const auto& [x, line] : GridLines(kX))
             lines.push_back({{x, plan_.top}, {x, plan_.Bottom()}});
         for (const auto& [y, line] : GridLines(kZ))
-            lines.push_back({{4.5, y}, {kWidth - 1.0, y}});
+            lines.push_back({{4.5, y}, {kPlanWidth - 1.0, y}});
         svg_.Lines(lines, {"#999", 0.15, "3 0.8 0.5 0.8"});
     }
 
@@ -285,7 +285,7 @@ private:
                      {kBlue, 0.25, "1.8 1.2"});
     }
 
-    double BarWidth() const { return kBarWidth * mark_ / kMark; }
+    double BarWidth() const { return kBarWidth * mark_ / kMemberMark; }
 
     double LargestStiffness(std::size_t axis) const {
         double largest = 0.0;
@@ -444,7 +444,7 @@ private:
 
     // A centre that lies beyond the drawing: an arrow at the edge, with its coordinates.
     void DrawFarCenter(Point at, const std::string& name, const std::array<Figure, 2>& center) {
-        const Point edge{std::clamp(at.x, 3.0, kWidth - 3.0),
+        const Point edge{std::clamp(at.x, 3.0, kPlanWidth - 3.0),
                          std::clamp(at.y, 3.0, plan_.Bottom() - 3.0)};
         const double angle = std::atan2(at.y - edge.y, at.x - edge.x);
         const auto turned = [&](double along, double aside) {
@@ -456,7 +456,7 @@ private:
         const std::string text = name + " (" + NumberText(center[kX], kCoordinateFormat) + ", " +
                                  NumberText(center[kZ], kCoordinateFormat) + ")";
         const double width = TextWidth(text, kLabelSize);
-        const double x = std::clamp(edge.x - width / 2.0, 1.0, kWidth - 1.0 - width);
+        const double x = std::clamp(edge.x - width / 2.0, 1.0, kPlanWidth - 1.0 - width);
         const double y = edge.y > plan_.Bottom() / 2.0 ? edge.y - 3.0 : edge.y + 4.6;
         const Rectangle box = places_.Take(std::array{LabelBox({x, y}, width, kLabelSize)});
         svg_.Text({box.left, box.bottom - 0.12 * kLabelSize},
@@ -583,7 +583,8 @@ private:
 
     void DrawFoot() {
         const double y = plan_.height - 2.4;
-        svg_.Box({-1.0, plan_.Bottom(), kWidth + 1.0, plan_.height + 1.0}, {kBlack, 0.0}, "#fff");
+        svg_.Box({-1.0, plan_.Bottom(), kPlanWidth + 1.0, plan_.height + 1.0}, {kBlack, 0.0},
+                 "#fff");
         double x = 2.0 + DrawScaleBar(svg_, {2.0, y}, plan_.scale, 25.0) + 5.0;
         DrawAxis(svg_, {x, y}, {1.0, 0.0}, "X");
         x += 14.0;
@@ -627,7 +628,7 @@ std::string CaptionOf(const Sheet& sheet, const StoryFindings& story) {
     return html;
 }
 
-std::string Legend() {
+std::string PlanLegend() {
     const auto sample = [](double width) { return Svg(width, 3.0, {"記号", "mark"}, {"", ""}); };
     Svg upright = sample(9), leaning = sample(9), notCounted = sample(3), box = sample(5),
         ellipse = sample(8), g = sample(3), r = sample(3), worst = sample(6);
@@ -656,7 +657,7 @@ void AppendPlans(std::string& html, const Sheet& sheet) {
     const PlanScale plan = ScaleFor(sheet);
     if (plan.building.isEmpty) return;
     const std::vector<Beam> beams = BeamsOf(sheet.findings, plan);
-    html += Legend();
+    html += PlanLegend();
     for (std::size_t i = sheet.StoryCount(); i-- > 0;) {
         // Two beside each other stay together.
         const bool isFirst = (sheet.StoryCount() - 1 - i) % 2 == 0;

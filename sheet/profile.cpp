@@ -11,13 +11,13 @@
 
 namespace {
 
-constexpr double kWidth = 88.0;
-constexpr double kLeft = 14.0;  // names of stories
+constexpr double kProfileWidth = 88.0;
+constexpr double kProfileLeft = 14.0;  // names of stories
 constexpr double kRight = 5.0;
-constexpr double kTop = 6.5;      // the limit's value
-constexpr double kBelow = 10.5;   // ticks and the axis' name
-constexpr double kMark = 0.95;    // half the size of a mark
-constexpr double kTickGap = 1.2;  // between the texts of ticks
+constexpr double kProfileTop = 6.5;     // the limit's value
+constexpr double kProfileBelow = 10.5;  // ticks and the axis' name
+constexpr double kProfileMark = 0.95;   // half the size of a mark
+constexpr double kTickGap = 1.2;        // between the texts of ticks
 constexpr double kSideWidth = 86.0;
 
 double BandHeight(std::size_t stories) {
@@ -72,8 +72,8 @@ public:
           data_(data),
           band_(BandHeight(sheet.StoryCount())),
           end_(AxisEnd(data)),
-          bottom_(kTop + band_ * static_cast<double>(sheet.StoryCount())),
-          svg_(kWidth, bottom_ + kBelow, data.title, data.description) {}
+          bottom_(kProfileTop + band_ * static_cast<double>(sheet.StoryCount())),
+          svg_(kProfileWidth, bottom_ + kProfileBelow, data.title, data.description) {}
 
     Svg Draw() {
         DrawForbiddenSide();
@@ -92,9 +92,10 @@ public:
 
 private:
     double X(double value) const {
-        return kLeft + std::clamp(value / end_, 0.0, 1.0) * (kWidth - kLeft - kRight);
+        return kProfileLeft +
+               std::clamp(value / end_, 0.0, 1.0) * (kProfileWidth - kProfileLeft - kRight);
     }
-    double Right() const { return kWidth - kRight; }
+    double Right() const { return kProfileWidth - kRight; }
     double BandTop(std::size_t story) const {
         return bottom_ - band_ * static_cast<double>(story + 1);
     }
@@ -107,8 +108,9 @@ private:
     void DrawForbiddenSide() {
         for (std::size_t i = 0; i < sheet_.StoryCount(); ++i) {
             const double limit = X(data_.judgedBy[i]), top = BandTop(i);
-            const Rectangle side = data_.isUpperLimit ? Rectangle{limit, top, Right(), top + band_}
-                                                      : Rectangle{kLeft, top, limit, top + band_};
+            const Rectangle side = data_.isUpperLimit
+                                       ? Rectangle{limit, top, Right(), top + band_}
+                                       : Rectangle{kProfileLeft, top, limit, top + band_};
             svg_.Box(side, {kBlack, 0.0}, kForbidden);
         }
     }
@@ -119,16 +121,17 @@ private:
         const bool namesAll = band_ >= 3.0;
         for (std::size_t i = 0; i < count; ++i) {
             if (i > 0)
-                lines.push_back({{kLeft, BandTop(i) + band_}, {Right(), BandTop(i) + band_}});
+                lines.push_back(
+                    {{kProfileLeft, BandTop(i) + band_}, {Right(), BandTop(i) + band_}});
             if (!namesAll) continue;
             constexpr double kSize = 2.4;
             const std::string name = sheet_.names.StoryInTable(static_cast<int>(i + 1));
-            svg_.Text({kLeft - 1.5, BandTop(i) + band_ / 2.0 + 0.85},
+            svg_.Text({kProfileLeft - 1.5, BandTop(i) + band_ / 2.0 + 0.85},
                       {.size = kSize, .anchor = Anchor::kEnd},
-                      HtmlText(FittingText(name, kSize, kLeft - 1.5)));
+                      HtmlText(FittingText(name, kSize, kProfileLeft - 1.5)));
         }
         svg_.Lines(lines, {"#bbb", 0.15});
-        svg_.Box({kLeft, kTop, Right(), bottom_}, {kBlack, 0.3}, "none");
+        svg_.Box({kProfileLeft, kProfileTop, Right(), bottom_}, {kBlack, 0.3}, "none");
     }
 
     // The limit's own tick first; of the others those that have room.
@@ -153,7 +156,7 @@ private:
             svg_.Text({x, bottom_ + 3.6}, {.size = 2.3, .anchor = Anchor::kMiddle},
                       HtmlText(tick.text));
         }
-        svg_.Text({(kLeft + Right()) / 2.0, bottom_ + 8.0},
+        svg_.Text({(kProfileLeft + Right()) / 2.0, bottom_ + 8.0},
                   {.size = 2.5, .anchor = Anchor::kMiddle}, DrawnInBoth(data_.axisName));
     }
 
@@ -161,8 +164,8 @@ private:
 
     void DrawLimit() {
         const double x = X(data_.limit);
-        svg_.Line({x, kTop - 1.5}, {x, bottom_}, {kRed, 0.6});
-        svg_.Text({x, kTop - 2.3},
+        svg_.Line({x, kProfileTop - 1.5}, {x, bottom_}, {kRed, 0.6});
+        svg_.Text({x, kProfileTop - 2.3},
                   {.size = 2.6, .anchor = Anchor::kMiddle, .color = kRed, .isBold = true},
                   HtmlText(data_.limitText));
     }
@@ -210,17 +213,18 @@ private:
     void DrawMarks(std::size_t axis) {
         for (std::size_t i = 0; i < sheet_.StoryCount(); ++i) {
             if (!HasMark(i, axis)) {
-                svg_.Text({kLeft + (axis == kX ? 1.0 : 4.5), Middle(i, kX) + 0.9}, {.size = 2.4},
-                          HtmlText(kNoFigure + sheet_.names.Direction(axis)));
+                svg_.Text({kProfileLeft + (axis == kX ? 1.0 : 4.5), Middle(i, kX) + 0.9},
+                          {.size = 2.4}, HtmlText(kNoFigure + sheet_.names.Direction(axis)));
                 continue;
             }
             const Point at = Place(i, axis);
             const std::string_view fill = data_.marks[axis][i].isNg ? kBlack : "#fff";
             if (axis == kX)
-                svg_.Circle(at, kMark, {kBlack, 0.3}, fill);
+                svg_.Circle(at, kProfileMark, {kBlack, 0.3}, fill);
             else
-                svg_.Box({at.x - kMark, at.y - kMark, at.x + kMark, at.y + kMark}, {kBlack, 0.3},
-                         fill);
+                svg_.Box({at.x - kProfileMark, at.y - kProfileMark, at.x + kProfileMark,
+                          at.y + kProfileMark},
+                         {kBlack, 0.3}, fill);
         }
     }
 
@@ -242,10 +246,10 @@ std::string Legend(const Sheet& sheet, const ProfileData& data) {
     Svg x = Sample(), second = Sample(), ng = Sample(), limit = Sample(), stories = Sample(),
         mean = Sample();
     x.Line({0, 1.4}, {9, 1.4}, {kBlack, 0.3});
-    x.Circle({4.5, 1.4}, kMark, {kBlack, 0.3}, "#fff");
+    x.Circle({4.5, 1.4}, kProfileMark, {kBlack, 0.3}, "#fff");
     second.Line({0, 1.4}, {9, 1.4}, {kBlack, 0.3, "1.4 0.9"});
     second.Box({3.55, 0.45, 5.45, 2.35}, {kBlack, 0.3}, "#fff");
-    ng.Circle({2.8, 1.4}, kMark, {kBlack, 0.3}, kBlack);
+    ng.Circle({2.8, 1.4}, kProfileMark, {kBlack, 0.3}, kBlack);
     ng.Box({5.3, 0.45, 7.2, 2.35}, {kBlack, 0.3}, kBlack);
     limit.Line({4.5, 0}, {4.5, 2.8}, {kRed, 0.6});
     limit.Box(data.isUpperLimit ? Rectangle{4.8, 0, 9, 2.8} : Rectangle{0, 0, 4.2, 2.8},

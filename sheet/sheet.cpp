@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::size_t kShownDigestDigits = 16;
 constexpr std::size_t kLeastPiece = 131072;  // bytes; many small writes take longer
 
 // What stands at the foot of every page, within a string of the style sheet.

@@ -8,6 +8,10 @@
 #include "sheet/sheet_content.h"
 #include "sheet/sheet_names.h"
 
+/// Digits of a file's SHA-256 that stand at the head and at the foot of the pages; all of them
+/// stand in the appendix.
+inline constexpr std::size_t kShownDigestDigits = 16;
+
 /// What every section of a sheet reads. Borrows the content.
 struct Sheet {
     const SheetContent& content;

@@ -15,8 +15,8 @@
 
 namespace {
 
-constexpr double kGreatestHeight = 31000.0;   // mm, of a building on Route 2
-constexpr double kGreatestSlenderness = 4.0;  // height over width
+constexpr double kGreatestBuildingHeight = 31000.0;  // mm, of a building on Route 2
+constexpr double kGreatestSlenderness = 4.0;         // height over width
 
 std::string WordOf(CodeVerdict verdict) {
     if (verdict != CodeVerdict::kUndetermined) return TextOf(verdict);
@@ -264,9 +264,9 @@ bool IsBeyond(const Figure& value, double limit) {
 std::string ExtentLines(const Sheet& sheet) {
     const auto& [height, width, slenderness] = sheet.findings.extent;
     return ExtentLine(Text("height of the model"),
-                      "H = " + LevelText(height) + " mm " + AgainstLimit(height, kGreatestHeight) +
-                          " 31 m",
-                      IsBeyond(height, kGreatestHeight)) +
+                      "H = " + LevelText(height) + " mm " +
+                          AgainstLimit(height, kGreatestBuildingHeight) + " 31 m",
+                      IsBeyond(height, kGreatestBuildingHeight)) +
            ExtentLine(Text("plan widths"),
                       "B_X = " + LevelText(width[kX]) + " mm,  B_" + sheet.names.Direction(kZ) +
                           " = " + LevelText(width[kZ]) + " mm",

@@ -10,14 +10,6 @@ using std::string_view_literals::operator""sv;
 
 namespace {
 
-void AppendAttribute(std::string& html, std::string_view name, std::string_view value) {
-    html += ' ';
-    html += name;
-    html += "=\"";
-    html += value;
-    html += '"';
-}
-
 void AppendLength(std::string& html, std::string_view name, double value) {
     html += ' ';
     html += name;

@@ -17,14 +17,6 @@ namespace {
 constexpr std::string_view kRows = "<tbody>\n";
 constexpr std::string_view kRowsTogether = "<tbody class=\"together\">\n";
 
-void AppendAttribute(std::string& html, std::string_view name, std::string_view value) {
-    html += ' ';
-    html += name;
-    html += "=\"";
-    html += value;
-    html += '"';
-}
-
 // `opening`: up to the number, as in ` rowspan="`.
 void AppendNumber(std::string& html, std::string_view opening, std::int32_t value) {
     std::array<char, 16> digits{};

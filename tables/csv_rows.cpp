@@ -4,9 +4,9 @@
 #include <cstring>
 #include <utility>
 
-namespace {
+#include "platform/utf8_character.h"
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+namespace {
 
 std::string TooLong(const char* what) {
     return std::string(what) + " of more than " + std::to_string(CsvRows::kLongestRow) + " bytes";
@@ -66,7 +66,7 @@ std::string_view WithoutBlanks(std::string_view text) {
 CsvRows::CsvRows(std::FILE* file, TableEncoding encoding)
     : file_(file), encoding_(encoding), buffer_(2 * kLongestRow) {
     FillBuffer();
-    if (Rest().starts_with(kUtf8Mark)) rowStart_ = kUtf8Mark.size();
+    if (Rest().starts_with(kByteOrderMark)) rowStart_ = kByteOrderMark.size();
 }
 
 std::string_view CsvRows::Rest() const {

@@ -7,7 +7,7 @@
 namespace {
 
 // As a run has it: the first node takes part even when it is not held.
-double BaseLevel(const CheckedBuilding& building) {
+double BaseLevelOfARun(const CheckedBuilding& building) {
     const BuildingTables& tables = building.Tables();
     double base = building.HeightOf(building.Point(0));
     for (std::size_t node = 0; node < tables.nodes.names.size(); ++node) {
@@ -18,7 +18,7 @@ double BaseLevel(const CheckedBuilding& building) {
 }
 
 std::vector<double> FloorLevels(const CheckedBuilding& building) {
-    const double base = BaseLevel(building);
+    const double base = BaseLevelOfARun(building);
     std::vector<double> levels{base};
     const TableMembers& members = building.Tables().members;
     for (std::size_t bar = 0; bar < members.bars.size(); ++bar) {

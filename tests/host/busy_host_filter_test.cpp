@@ -24,7 +24,7 @@ private:
     int rejections_;
 };
 
-constexpr DWORD kGiveUp = static_cast<DWORD>(-1);
+constexpr DWORD kCallFails = static_cast<DWORD>(-1);
 
 }  // namespace
 
@@ -67,7 +67,7 @@ TEST(BusyHostFilter, TellsItsHookOfEachRejection) {
 TEST(BusyHostFilter, GivesUpWhenItsHookSaysSo) {
     Microsoft::WRL::ComPtr<BusyHostFilter> filter;
     *filter.GetAddressOf() = new BusyHostFilter([] { return false; });
-    EXPECT_EQ(kGiveUp, filter->RetryRejectedCall(nullptr, 0, SERVERCALL_REJECTED));
+    EXPECT_EQ(kCallFails, filter->RetryRejectedCall(nullptr, 0, SERVERCALL_REJECTED));
 }
 
 TEST(BusyHostFilter, TakesCallsAndWaitsAsComDoesWithoutAFilter) {
