@@ -17,28 +17,9 @@ function(quarnel_headers target visibility folder)
     target_include_directories(${target} ${visibility} ${place})
 endfunction()
 
-# A build that is made for one run of the tests takes longer than the tests: then folders to
-# which the tests give little to do are not optimised, and the standard library's headers are read once.
+# In a build that is made for one run of the tests, folders to which the tests give little to do are not
+# optimised.
 option(QUARNEL_BUILT_FOR_ONE_RUN "Shorten the build at the cost of the programs" OFF)
-
-# The headers are compiled with the first of the libraries that share their options.
-function(quarnel_quick_to_build target is_light)
-    if(NOT QUARNEL_BUILT_FOR_ONE_RUN)
-        return()
-    endif()
-    set(first quarnel_platform)
-    if(is_light)
-        set(first quarnel_report)
-        target_compile_options(${target} PRIVATE -O0)
-    endif()
-    if(target STREQUAL first)
-        target_precompile_headers(
-            ${target} PRIVATE <algorithm> <cmath> <filesystem> <functional> <map> <optional> <set>
-            <string> <vector>)
-    else()
-        target_precompile_headers(${target} REUSE_FROM ${first})
-    endif()
-endfunction()
 
 # quarnel_room(TARGET [LIGHT] SOURCES ... [USES ...] [KEEPS ...]): the library of the folder that calls
 # it. LIGHT: the tests give it little to do, beside what the engine and the input check have to; USES:
@@ -49,7 +30,9 @@ function(quarnel_room target)
     add_library(${target} STATIC ${arg_SOURCES})
     quarnel_headers(${target} PUBLIC ${folder})
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE ${arg_KEEPS} quarnel_build_options)
-    quarnel_quick_to_build(${target} ${arg_LIGHT})
+    if(arg_LIGHT AND QUARNEL_BUILT_FOR_ONE_RUN)
+        target_compile_options(${target} PRIVATE -O0)
+    endif()
 endfunction()
 
 # quarnel_program(TARGET [WIN32] SOURCES ... USES ...): a program of the folder that calls it.
