@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "host/units.h"
 #include "report/number_text.h"
 #include "sheet/html.h"
+#include "sheet/length_text.h"
 
 namespace {
 
@@ -21,8 +21,8 @@ double RoundLengthUpTo(double limit) {
 }  // namespace
 
 double DrawScaleBar(Svg& svg, Point at, double scale, double longest) {
-    const double metres = RoundLengthUpTo(longest / scale / kMillimetresPerMetre);
-    const double length = metres * kMillimetresPerMetre * scale;
+    const double metres = RoundLengthUpTo(longest / scale / kMillimetresOfAMetre);
+    const double length = metres * kMillimetresOfAMetre * scale;
     svg.Line(at, {at.x + length, at.y}, {kBlack, 0.5});
     for (const double end : {0.0, length})
         svg.Line({at.x + end, at.y - 0.9}, {at.x + end, at.y + 0.9}, {kBlack, 0.25});

@@ -5,10 +5,10 @@
 #include <cmath>
 #include <unordered_set>
 
-#include "host/units.h"
 #include "report/number_text.h"
 #include "sheet/concat.h"
 #include "sheet/html.h"
+#include "sheet/length_text.h"
 #include "sheet/page_parts.h"
 #include "sheet/sheet_parts.h"
 #include "sheet/table.h"
@@ -21,7 +21,7 @@ constexpr double kHardlyMoving = 0.1;  // mm
 
 Figure InMetres(const Figure& figure) {
     if (!figure) return std::nullopt;
-    return *figure / kMillimetresPerMetre;
+    return *figure / kMillimetresOfAMetre;
 }
 
 std::string Moment(const Figure& kilonewtons) {
