@@ -15,11 +15,11 @@ constexpr std::chrono::milliseconds kBetweenLines{250};
 }  // namespace
 
 std::string ProgressText(std::size_t answered, double share, std::chrono::seconds elapsed) {
-    const auto seconds = static_cast<std::size_t>(std::max<long long>(elapsed.count(), 0));
+    const auto elapsedSeconds = static_cast<std::size_t>(std::max<long long>(elapsed.count(), 0));
     char time[32];
-    std::snprintf(time, sizeof time, "%zu:%02zu", seconds / 60, seconds % 60);
+    std::snprintf(time, sizeof time, "%zu:%02zu", elapsedSeconds / 60, elapsedSeconds % 60);
     std::string text = "host: " + std::to_string(answered) + " answers, ";
-    if (seconds > 0) text += std::to_string(answered / seconds) + " a second, ";
+    if (elapsedSeconds > 0) text += std::to_string(answered / elapsedSeconds) + " a second, ";
     text += time;
     if (share > 0.0) text += ", about " + std::to_string(static_cast<int>(100.0 * share)) + " %";
     return text;

@@ -10,6 +10,7 @@
 #include "compute/compute_run.h"
 #include "host/qhm_file.h"
 #include "host/remembering_host.h"
+#include "tests/support/load_case_lines.h"
 #include "tests/support/run_program.h"
 #include "tests/support/small_building.h"
 #include "tests/support/status_lines.h"
@@ -25,8 +26,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
-
-constexpr const char* kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 
 class LintCommand : public testing::Test {
 protected:
@@ -69,14 +68,14 @@ protected:
 }  // namespace
 
 TEST_F(LintCommand, EndsWithZeroWhereThereIsNoError) {
-    const ProgramRun run = LintText(std::string(kCases) + "FIN\n");
+    const ProgramRun run = LintText(std::string(kLoadCaseLines) + "FIN\n");
     EXPECT_EQ(0, run.exitCode);
     EXPECT_THAT(run.out, AllOf(StartsWith("As read\n"), HasSubstr("0 errors, 0 warnings")));
     EXPECT_EQ("", run.err);
 }
 
 TEST_F(LintCommand, EndsWithOneAtAnError) {
-    const ProgramRun run = LintText(kCases);
+    const ProgramRun run = LintText(kLoadCaseLines);
     EXPECT_EQ(1, run.exitCode);
     EXPECT_THAT(run.out, HasSubstr("tower.csv:1:1: error F02: "));
 }
@@ -86,7 +85,8 @@ TEST_F(LintCommand, EndsWithOneAtAWarningOnlyWhenStrict) {
     EXPECT_EQ(0, LintText(text).exitCode);
     EXPECT_EQ(1, LintText(text, {"--strict"}).exitCode);
     // A note is none.
-    EXPECT_EQ(0, LintText("a comment,\n" + std::string(kCases) + "FIN\n", {"--strict"}).exitCode);
+    EXPECT_EQ(
+        0, LintText("a comment,\n" + std::string(kLoadCaseLines) + "FIN\n", {"--strict"}).exitCode);
 }
 
 TEST_F(LintCommand, EndsWithTwoWhereTheFileCannotBeRead) {
@@ -117,7 +117,7 @@ TEST_F(LintCommand, DoesNotWaitForAPipe) {
 TEST_F(LintCommand, ChecksAgainstARecordedBuildingAndWritesNothing) {
     const std::string model = RecordedModelFile();
     const ProgramRun run =
-        LintText(std::string(kCases) + "MemberDeformAngle,1,77,\nFIN\n", {model});
+        LintText(std::string(kLoadCaseLines) + "MemberDeformAngle,1,77,\nFIN\n", {model});
     EXPECT_EQ(0, run.exitCode);
     EXPECT_THAT(run.out, AllOf(HasSubstr("tower.csv:3:21: warning M12: member 77"),
                                HasSubstr("found in the model: 4 ")));
@@ -131,7 +131,7 @@ TEST_F(LintCommand, NamesTheInputFileForWhichARecordingWasMade) {
     model.recordedFor = RecordedFor{false, "first.csv", std::string(64, 'a')};
     model.endForces = {};
     WriteQhmFile(model, path);
-    const ProgramRun run = LintText(std::string(kCases) + "FIN\n", {path});
+    const ProgramRun run = LintText(std::string(kLoadCaseLines) + "FIN\n", {path});
     EXPECT_EQ(1, run.exitCode);
     EXPECT_THAT(run.out,
                 AllOf(HasSubstr("tower.csv: error M25: 12 answers are missing in "),
@@ -141,14 +141,14 @@ TEST_F(LintCommand, NamesTheInputFileForWhichARecordingWasMade) {
 
 TEST_F(LintCommand, SaysOfAModelThatCannotBeReadWhichFileComesFirst) {
     const std::string model = RecordedModelFile();
-    const ProgramRun run = Lint({model, folder.Write("tower.csv", kCases)});
+    const ProgramRun run = Lint({model, folder.Write("tower.csv", kLoadCaseLines)});
     EXPECT_EQ(2, run.exitCode);
     EXPECT_THAT(run.err, HasSubstr("the input file comes first: lint INPUT.csv MODEL.qhm"));
 }
 
 TEST_F(LintCommand, WritesASuggestionBesideTheInput) {
     const ProgramRun run =
-        LintText(std::string(kCases) + "FloorLevel,0,3500\nFIN\n", {"--suggest"});
+        LintText(std::string(kLoadCaseLines) + "FloorLevel,0,3500\nFIN\n", {"--suggest"});
     EXPECT_EQ(1, run.exitCode);
     EXPECT_THAT(folder.Read("tower.suggested.csv"), HasSubstr("\nFloorLevel,0,3500,\n"));
     EXPECT_EQ(0, Lint({folder.Path("tower.suggested.csv"), "--strict"}).exitCode);
@@ -156,7 +156,7 @@ TEST_F(LintCommand, WritesASuggestionBesideTheInput) {
 
 TEST_F(LintCommand, OverwritesNoFileWithASuggestion) {
     const std::string kept = folder.Write("kept.csv", "my own\n");
-    const ProgramRun run = LintText(kCases, {"--suggest", kept});
+    const ProgramRun run = LintText(kLoadCaseLines, {"--suggest", kept});
     EXPECT_EQ(2, run.exitCode);
     EXPECT_THAT(run.err, HasSubstr("kept.csv: not written: there is such a file"));
     EXPECT_EQ("my own\n", folder.Read("kept.csv"));

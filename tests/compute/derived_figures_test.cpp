@@ -6,6 +6,8 @@
 #include <cmath>
 
 #include "route2/shape_factors.h"
+#include "tests/support/load_case_lines.h"
+#include "tests/support/near_figure.h"
 #include "tests/support/run_findings.h"
 #include "tests/support/small_building.h"
 #include "tests/support/two_story_building.h"
@@ -14,12 +16,6 @@ using testing::ElementsAre;
 using testing::Optional;
 
 namespace {
-
-const std::string kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
-
-auto Near(double value) {
-    return Optional(testing::DoubleNear(value, 1e-9 * (1.0 + std::abs(value))));
-}
 
 // Four columns at (0, 0), (6, 0), (0, 4), (6, 4) m, 3.5 m high; every column moves 7 mm in X and
 // 3.5 mm in Z and carries 14 kN in each, 100 kN of weight.
@@ -36,7 +32,7 @@ protected:
 
 TEST_F(SmallBuildingFigures, SayWhichShareOfTheStoryShearTheStoryMembersCarry) {
     EXPECT_THAT(Story().directions[kX].share, Near(1.0));
-    const StoryFindings half = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
+    const StoryFindings half = Story(kLoadCaseLines + "StoryMember,\n1,1,3,\nFIN\n");
     EXPECT_THAT(half.directions[kX].share, Near(0.5));
 }
 
@@ -66,12 +62,12 @@ TEST_F(SmallBuildingFigures, FindWhatANodeKeepsBesideTheMotionOfTheFloor) {
 TEST_F(SmallBuildingFigures, FindNoTurnOfNodesAboveEachOther) {
     host.Node(5, 0, 0, 0, true).Node(15, 0, 3.5, 0).Member(5, 5, 15);
     host.Displace(2, 15, 0.011, 0, 0).Force(2, 5, 0, 0, 14, 0).Force(1, 5, 0, 100, 0, 0);
-    EXPECT_THAT(Story(kCases + "StoryMember,\n1,1,5,\nFIN\n").directions[kX].floorResidual,
+    EXPECT_THAT(Story(kLoadCaseLines + "StoryMember,\n1,1,5,\nFIN\n").directions[kX].floorResidual,
                 Near(2.0));
 }
 
 TEST_F(SmallBuildingFigures, HaveAShearCoefficientOfTheWholeStoryShear) {
-    const StoryFindings story = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
+    const StoryFindings story = Story(kLoadCaseLines + "StoryMember,\n1,1,3,\nFIN\n");
     EXPECT_THAT(story.directions[kX].shearCoefficient, Near(56.0 / 400.0));
 }
 
@@ -122,7 +118,7 @@ TEST_F(SmallBuildingFigures, HoldWhatTheRowsOfTheResultsShow) {
 // columns are cut all the same.
 TEST_F(SmallBuildingFigures, HaveNoAxialForcesWithoutACentreOfGravity) {
     host.Member(50, 1, 999);
-    const StoryFindings story = Story(kCases + "FloorLevel,0,1000,\nFIN\n");
+    const StoryFindings story = Story(kLoadCaseLines + "FloorLevel,0,1000,\nFIN\n");
     EXPECT_TRUE(findings.end.complete) << findings.end.failure;
     EXPECT_EQ(std::nullopt, story.weightAbove);
     ASSERT_EQ(4u, story.cutNotCounted.size());
@@ -131,7 +127,7 @@ TEST_F(SmallBuildingFigures, HaveNoAxialForcesWithoutACentreOfGravity) {
 }
 
 TEST_F(SmallBuildingFigures, GiveTheAngleOfAMemberThatIsNotCountedOverItsOwnHeight) {
-    const StoryFindings story = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
+    const StoryFindings story = Story(kLoadCaseLines + "StoryMember,\n1,1,3,\nFIN\n");
     EXPECT_THAT(story.cutNotCounted.at(0).angle, ElementsAre(Near(1.0 / 500), Near(1.0 / 1000)));
 }
 
@@ -159,7 +155,7 @@ TEST(TwoStoryFigures, MeasureTheHeightOfAMemberThatIsNotCountedFromItsLowerEnd) 
     FakeHost host;
     BuildTwoStories(host);
     const Findings findings =
-        FindingsOf(host, kCases + "StoryMember,\n1,101,102,\n2,201,203,\nFIN\n");
+        FindingsOf(host, kLoadCaseLines + "StoryMember,\n1,101,102,\n2,201,203,\nFIN\n");
     const MemberFindings& column = findings.stories.at(1).cutNotCounted.at(0);
     EXPECT_EQ(202, column.number);
     EXPECT_DOUBLE_EQ(3500.0, column.height);

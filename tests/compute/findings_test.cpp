@@ -7,17 +7,16 @@
 #include <cmath>
 #include <set>
 
+#include "tests/support/load_case_lines.h"
+#include "tests/support/near_figure.h"
 #include "tests/support/run_findings.h"
 #include "tests/support/small_building.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Optional;
 using testing::SizeIs;
 
 namespace {
-
-const std::string kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 
 // The small building as tests/support has it: four columns at (0, 0), (6, 0), (0, 4), (6, 4) m, 3.5
 // m high; every column moves 7 mm in X and 3.5 mm in Z and carries 14 kN in each, 100 kN of weight.
@@ -31,10 +30,6 @@ protected:
     FakeHost host;
     Findings findings;
 };
-
-auto Near(double value) {
-    return Optional(testing::DoubleNear(value, 1e-9 * (1.0 + std::abs(value))));
-}
 
 TEST_F(SmallBuilding, HasOneStoryOfFourUprightMembers) {
     const StoryFindings story = Story();
@@ -134,13 +129,14 @@ TEST_F(SmallBuilding, IsNotJudgedByALeaningMemberWhereThereAreUprightOnes) {
 
 TEST_F(SmallBuilding, IsJudgedByAllMembersWhereNoneIsUpright) {
     host.Member(5, 1, 14);
-    const StoryFindings story = Story(kCases + "FloorLevel,0,3500,\nStoryMember,\n1,5,\nFIN\n");
+    const StoryFindings story =
+        Story(kLoadCaseLines + "FloorLevel,0,3500,\nStoryMember,\n1,5,\nFIN\n");
     EXPECT_EQ(5, story.directions[kX].worstUpright.member);
 }
 
 // Only columns 1 and 3 are named: the plane also meets 2 and 4, which carry half of the shear.
 TEST_F(SmallBuilding, CountsTheShearOfCutMembersThatAreNoStoryMembers) {
-    const StoryFindings story = Story(kCases + "StoryMember,\n1,1,3,\nFIN\n");
+    const StoryFindings story = Story(kLoadCaseLines + "StoryMember,\n1,1,3,\nFIN\n");
     ASSERT_THAT(story.cutNotCounted, SizeIs(2));
     EXPECT_EQ(2, story.cutNotCounted[0].number);
     EXPECT_EQ(4, story.cutNotCounted[1].number);
@@ -150,7 +146,7 @@ TEST_F(SmallBuilding, CountsTheShearOfCutMembersThatAreNoStoryMembers) {
 }
 
 TEST_F(SmallBuilding, CountsAMemberNamedTwiceTwice) {
-    const StoryFindings story = Story(kCases + "StoryMember,\n1,1,1,2,3,4,\nFIN\n");
+    const StoryFindings story = Story(kLoadCaseLines + "StoryMember,\n1,1,1,2,3,4,\nFIN\n");
     EXPECT_THAT(story.members, SizeIs(5));
     EXPECT_THAT(story.directions[kX].shearOfStoryMembers, Near(70.0));
     EXPECT_THAT(story.directions[kX].storyShear, Near(56.0));
@@ -184,7 +180,7 @@ TEST_F(SmallBuilding, HasNothingInADirectionWhoseCaseTheModelDoesNotHave) {
 }
 
 TEST_F(SmallBuilding, WithoutStoryMembersKeepsItsLimitAndIsUndetermined) {
-    const StoryFindings story = Story(kCases + "StoryMember,\nFIN\n");
+    const StoryFindings story = Story(kLoadCaseLines + "StoryMember,\nFIN\n");
     const DirectionFindings& x = story.directions[kX];
     EXPECT_THAT(story.members, IsEmpty());
     EXPECT_EQ(0.005, x.worstUpright.allowable);
@@ -232,19 +228,19 @@ TEST_F(SmallBuilding, WithoutStiffnessInXKeepsNoCoordinateAcrossIt) {
 
 TEST_F(SmallBuilding, TakesARelievedAngleFromTheInputAndNoMoreThanTheCodeAllows) {
     host.Displace(2, 11, 0.028, 0, 0);  // column 1: 28 / 3500 = 1/125
-    const std::string relief = kCases + "AllowStoryDeformAngle,\n1,0.008333,\nFIN\n";
+    const std::string relief = kLoadCaseLines + "AllowStoryDeformAngle,\n1,0.008333,\nFIN\n";
     const DirectionFindings relieved = Story(relief).directions[kX];
     EXPECT_EQ(0.008333, relieved.worstUpright.allowable);
     EXPECT_EQ(CodeVerdict::kOk, relieved.worstUpright.code);
     const DirectionFindings generous =
-        Story(kCases + "AllowStoryDeformAngle,\n1,0.1,\nFIN\n").directions[kX];
+        Story(kLoadCaseLines + "AllowStoryDeformAngle,\n1,0.1,\nFIN\n").directions[kX];
     EXPECT_EQ(1.0 / 120, generous.worstUpright.allowable);
 }
 
 // The last question of the run is followed by those about columns 2 and 4: forces and
 // displacements under both earthquake cases.
 TEST_F(SmallBuilding, AsksBeyondTheRunOnlyWhatTheFiguresNeed) {
-    const std::string input = kCases + "StoryMember,\n1,1,3,\nFIN\n";
+    const std::string input = kLoadCaseLines + "StoryMember,\n1,1,3,\nFIN\n";
     FindingsOf(host, input);
     const std::vector<std::string> all = host.calls;
     std::set<std::string> asked;
@@ -271,7 +267,7 @@ TEST_F(SmallBuilding, AsksBeyondTheRunOnlyWhatTheFiguresNeed) {
 }
 
 TEST_F(SmallBuilding, WhoseHostFailsAfterTheResultsHasNoStoryShearButAllElse) {
-    const std::string input = kCases + "StoryMember,\n1,1,3,\nFIN\n";
+    const std::string input = kLoadCaseLines + "StoryMember,\n1,1,3,\nFIN\n";
     FindingsOf(host, input);
     FakeHost failing;
     AddSmallBuilding(failing);
@@ -304,7 +300,7 @@ TEST_F(SmallBuilding, WhoseRunEndsEarlyKeepsTheStoriesAsFarAsTheyWereSet) {
 TEST(Findings, OfABuildingWithoutStoriesAreUndetermined) {
     FakeHost host;
     host.primaryLoadCases = {1};
-    const Findings findings = FindingsOf(host, kCases + "FIN\n");
+    const Findings findings = FindingsOf(host, kLoadCaseLines + "FIN\n");
     EXPECT_TRUE(findings.end.complete);
     EXPECT_THAT(findings.stories, IsEmpty());
     EXPECT_EQ(CodeVerdict::kUndetermined, findings.verdict.code);

@@ -12,6 +12,7 @@
 #include "route2/remark_cause.h"
 #include "route2/remark_texts.h"
 #include "route2/remarks.h"
+#include "tests/support/load_case_lines.h"
 #include "tests/support/run_findings.h"
 #include "tests/support/small_building.h"
 #include "tests/support/two_story_building.h"
@@ -25,7 +26,6 @@ using testing::Not;
 
 namespace {
 
-const std::string kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 const std::string kFloors = "FloorLevel,0,3500,\n";
 
 std::vector<std::string> Ids(const Findings& findings) {
@@ -45,7 +45,7 @@ class Remarks : public testing::Test {
 protected:
     Remarks() { AddSmallBuilding(host); }
     Findings Run(const std::string& input) { return FindingsOf(host, input); }
-    Findings RunAsItIs() { return Run(kCases + kFloors + "FIN\n"); }
+    Findings RunAsItIs() { return Run(kLoadCaseLines + kFloors + "FIN\n"); }
     FakeHost host;
 };
 
@@ -71,22 +71,23 @@ TEST_F(Remarks, NameCasesThatTheModelDoesNotHave) {
 }
 
 TEST_F(Remarks, SayNothingAboutCasesThatTheRunDidNotAskFor) {
-    EXPECT_THAT(Ids(Run(kCases)), Not(Contains("R02")));  // no FIN: the run ends at its start
+    EXPECT_THAT(Ids(Run(kLoadCaseLines)),
+                Not(Contains("R02")));  // no FIN: the run ends at its start
 }
 
 TEST_F(Remarks, NameStoriesWithoutMembers) {
-    const Findings findings = Run(kCases + "FloorLevel,0,3500,7000,\nFIN\n");
+    const Findings findings = Run(kLoadCaseLines + "FloorLevel,0,3500,7000,\nFIN\n");
     EXPECT_THAT(Find(findings, "R03").stories, ElementsAre(2));
 }
 
 // 99 mm is two beams of one floor, 100 mm may be a landing, 2100 mm is a story.
 TEST_F(Remarks, TellFlatStoriesFromLowOnes) {
-    EXPECT_THAT(Ids(Run(kCases + "FloorLevel,0,99,\nFIN\n")), Contains("R04"));
-    const Findings low = Run(kCases + "FloorLevel,0,100,\nFIN\n");
+    EXPECT_THAT(Ids(Run(kLoadCaseLines + "FloorLevel,0,99,\nFIN\n")), Contains("R04"));
+    const Findings low = Run(kLoadCaseLines + "FloorLevel,0,100,\nFIN\n");
     EXPECT_THAT(Ids(low), Not(Contains("R04")));
     EXPECT_THAT(Find(low, "R05").en, HasSubstr("story 1 is 100 mm high"));
     host.Member(10, 12, 14).Member(11, 14, 13);
-    EXPECT_THAT(Ids(Run(kCases + "FloorLevel,1400,3500,\nFIN\n")), Not(Contains("R05")));
+    EXPECT_THAT(Ids(Run(kLoadCaseLines + "FloorLevel,1400,3500,\nFIN\n")), Not(Contains("R05")));
 }
 
 // A beam at 1.75 m splits nothing but makes a floor of one member: the suggested line leaves it
@@ -94,17 +95,17 @@ TEST_F(Remarks, TellFlatStoriesFromLowOnes) {
 TEST_F(Remarks, SuggestLevelsWithoutTheLanding) {
     host.Member(10, 12, 14).Member(11, 14, 13);
     host.Node(21, 0, 1.75, 0).Node(22, 6, 1.75, 0).Member(20, 21, 22);
-    const Findings findings = Run(kCases + "FIN\n");
+    const Findings findings = Run(kLoadCaseLines + "FIN\n");
     EXPECT_THAT(Find(findings, "R05").doEn, HasSubstr("FloorLevel,0,3500,"));
 }
 
 // Columns 1 and 3 of four carry half of the shear: a warning from half on, an error below.
 TEST_F(Remarks, MeasureTheShareOfTheStoryShear) {
-    const Findings half = Run(kCases + kFloors + "StoryMember,\n1,1,3,\nFIN\n");
+    const Findings half = Run(kLoadCaseLines + kFloors + "StoryMember,\n1,1,3,\nFIN\n");
     EXPECT_EQ(RemarkKind::kWarning, Find(half, "R06").kind);
     EXPECT_THAT(Find(half, "R06").en, HasSubstr("28.0 kN / 56.0 kN = 50.0%"));
     EXPECT_THAT(Find(half, "R06").members, ElementsAre(2, 4));
-    const Findings less = Run(kCases + kFloors + "StoryMember,\n1,1,\nFIN\n");
+    const Findings less = Run(kLoadCaseLines + kFloors + "StoryMember,\n1,1,\nFIN\n");
     EXPECT_EQ(RemarkKind::kError, Find(less, "R06").kind);
     EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R06")));
 }
@@ -113,7 +114,7 @@ TEST_F(Remarks, MeasureTheShareOfTheStoryShear) {
 TEST_F(Remarks, NameMembersOfAnotherHeight) {
     host.Node(30, 12, 0, 0, true).Node(31, 12, 7, 0).Member(30, 30, 31);
     host.Displace(2, 31, 0.007, 0, 0).Force(2, 30, 0, 0, 14, 0);
-    const Findings findings = Run(kCases + kFloors + "StoryMember,\n1,1,2,3,4,30,\nFIN\n");
+    const Findings findings = Run(kLoadCaseLines + kFloors + "StoryMember,\n1,1,2,3,4,30,\nFIN\n");
     EXPECT_THAT(Find(findings, "R07").en,
                 HasSubstr("member 30 is 7000 mm high (angle times 4.000)"));
 }
@@ -149,7 +150,7 @@ TEST_F(Remarks, NameObliqueMembersWithZVerticalOnly) {
         .Node(3, 0, 3, 3.5)
         .Member(1, 1, 2)
         .Member(2, 1, 3);
-    EXPECT_THAT(Find(FindingsOf(standing, kCases + kFloors + "FIN\n"), "R11").members,
+    EXPECT_THAT(Find(FindingsOf(standing, kLoadCaseLines + kFloors + "FIN\n"), "R11").members,
                 ElementsAre(1));
     host.Node(15, 3, 3.5, 2).Member(5, 1, 15);
     EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R11")));
@@ -185,7 +186,7 @@ TEST_F(Remarks, NameACaseThatActsAcross) {
     EXPECT_THAT(Find(exchanged, "R13").en,
                 HasSubstr("case 3 acts across, more than 999% of along"));
     EXPECT_THAT(Find(exchanged, "R13").ja, HasSubstr("ケース 3 の直交方向成分 999%超"));
-    EXPECT_THAT(Ids(FindingsOf(plain, kCases + kFloors + "FIN\n")), Not(Contains("R13")));
+    EXPECT_THAT(Ids(FindingsOf(plain, kLoadCaseLines + kFloors + "FIN\n")), Not(Contains("R13")));
 }
 
 TEST_F(Remarks, NameNegativeWeightAndShearInTheDeadLoad) {
@@ -269,17 +270,18 @@ TEST_F(Remarks, DoNotNameAFloorThatTurns) {
 }
 
 TEST_F(Remarks, TellAReliefFromAnotherAllowableValue) {
-    const Findings relief = Run(kCases + kFloors + "AllowStoryDeformAngle,\n1,0.008333,\nFIN\n");
+    const Findings relief =
+        Run(kLoadCaseLines + kFloors + "AllowStoryDeformAngle,\n1,0.008333,\nFIN\n");
     EXPECT_EQ(RemarkKind::kNote, Find(relief, "R21").kind);
-    const Findings other = Run(kCases + kFloors + "AllowStoryStiffRatio,\n1,0.5,\nFIN\n");
+    const Findings other = Run(kLoadCaseLines + kFloors + "AllowStoryStiffRatio,\n1,0.5,\nFIN\n");
     EXPECT_EQ(RemarkKind::kWarning, Find(other, "R21").kind);
     EXPECT_THAT(Find(other, "R21").en, HasSubstr("0.5 (story 1)"));
 }
 
 TEST_F(Remarks, NoteWhatWasDerivedFromTheModel) {
-    EXPECT_THAT(Find(Run(kCases + "FIN\n"), "R22").en,
+    EXPECT_THAT(Find(Run(kLoadCaseLines + "FIN\n"), "R22").en,
                 HasSubstr("floor levels, story members derived"));
-    EXPECT_THAT(Ids(Run(kCases + kFloors + "StoryMember,\n1,1,2,3,4,\nFIN\n")),
+    EXPECT_THAT(Ids(Run(kLoadCaseLines + kFloors + "StoryMember,\n1,1,2,3,4,\nFIN\n")),
                 Not(Contains("R22")));
 }
 
@@ -298,15 +300,16 @@ TEST_F(Remarks, RepeatTheWarningsOfTheLogInPlainWords) {
 }
 
 TEST_F(Remarks, NameTheHeightAndTheSlendernessThatCloseRoute2) {
-    EXPECT_THAT(Ids(Run(kCases + "FloorLevel,0,16000,\nFIN\n")), Not(Contains("R28")));
-    const Findings tall = Run(kCases + "FloorLevel,0,31001,\nStoryMember,\n1,1,2,3,4,\nFIN\n");
+    EXPECT_THAT(Ids(Run(kLoadCaseLines + "FloorLevel,0,16000,\nFIN\n")), Not(Contains("R28")));
+    const Findings tall =
+        Run(kLoadCaseLines + "FloorLevel,0,31001,\nStoryMember,\n1,1,2,3,4,\nFIN\n");
     EXPECT_THAT(Find(tall, "R28").en, HasSubstr("height of the model 31.00 m > 31 m"));
     EXPECT_THAT(Find(tall, "R28").en, HasSubstr("height over width 7.75 > 4"));
 }
 
 // Columns alone: 17 m over 4 m. Member 12 leans out to 8 m, so that X is the smaller width: 6 m.
 TEST_F(Remarks, MeasureTheSlendernessBetweenBothEndsOfTheMembers) {
-    const std::string tall = kCases + "FloorLevel,0,17000,\nStoryMember,\n";
+    const std::string tall = kLoadCaseLines + "FloorLevel,0,17000,\nStoryMember,\n";
     host.Node(21, 0, 3.5, 8).Member(12, 3, 21);
     EXPECT_THAT(Find(Run(tall + "1,1,2,3,4,\nFIN\n"), "R28").en,
                 HasSubstr("height over width 4.25 > 4"));
@@ -316,7 +319,7 @@ TEST_F(Remarks, MeasureTheSlendernessBetweenBothEndsOfTheMembers) {
 // The run ends while it asks for the levels of the beams: there is no floor yet.
 TEST_F(Remarks, SayNothingAboutFloorsThatAreNotYetDerived) {
     host.Member(20, 11, 99);
-    const Findings findings = Run(kCases + "FIN\n");
+    const Findings findings = Run(kLoadCaseLines + "FIN\n");
     EXPECT_THAT(findings.stories, IsEmpty());
     EXPECT_THAT(findings.floorLevels, IsEmpty());
     EXPECT_THAT(Ids(findings), Not(Contains("R05")));
@@ -324,7 +327,7 @@ TEST_F(Remarks, SayNothingAboutFloorsThatAreNotYetDerived) {
 
 // Member 77 is not in the model and ends the run while the input's story members are taken.
 TEST_F(Remarks, DoNotCallMembersOfTheInputDerivedWhenTheyEndTheRun) {
-    const Findings findings = Run(kCases + "StoryMember,\n1,1,2,77,\nFIN\n");
+    const Findings findings = Run(kLoadCaseLines + "StoryMember,\n1,1,2,77,\nFIN\n");
     EXPECT_FALSE(findings.end.complete);
     EXPECT_TRUE(findings.storyMembersFromInput);
     EXPECT_THAT(Find(findings, "R22").en, Not(HasSubstr("story members")));
@@ -445,10 +448,10 @@ protected:
         });
         StatusLines status;
         ReportPaths reports;
-        return RunCompute(
-                   folder_.Write("input.csv", kCases + kFloors + "StoryMember,\n1,1,2,3,4,\nFIN\n"),
-                   [&] { return &watched; }, status, reports,
-                   {.wantsFindings = WantsFindings::kYes})
+        return RunCompute(folder_.Write("input.csv", kLoadCaseLines + kFloors +
+                                                         "StoryMember,\n1,1,2,3,4,\nFIN\n"),
+                          [&] { return &watched; }, status, reports,
+                          {.wantsFindings = WantsFindings::kYes})
             .findings.value();
     }
 

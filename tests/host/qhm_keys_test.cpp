@@ -16,13 +16,13 @@ using testing::SizeIs;
 
 namespace {
 
-constexpr const char* kHead = R"("format": "quarnel-host-model", "version": 1)";
+constexpr const char* kFormat = R"("format": "quarnel-host-model", "version": 1)";
 
 class QhmKeys : public testing::Test {
 protected:
     QhmContents Read(const std::string& more) {
         return ReadQhmFileWithCautions(
-            folder.Write("tower.qhm", std::string("{") + kHead + ", " + more + "}"));
+            folder.Write("tower.qhm", std::string("{") + kFormat + ", " + more + "}"));
     }
 
     std::string Error(const std::string& more) {

@@ -15,12 +15,12 @@ using testing::Pair;
 
 namespace {
 
-constexpr const char* kHead = R"({"format": "quarnel-host-model", "version": 1, )";
+constexpr const char* kOpening = R"({"format": "quarnel-host-model", "version": 1, )";
 
 class QhmNames : public testing::Test {
 protected:
     QhmContents Read(const std::string& more) {
-        return ReadQhmFileWithCautions(folder.Write("tower.qhm", kHead + more + "}"));
+        return ReadQhmFileWithCautions(folder.Write("tower.qhm", kOpening + more + "}"));
     }
 
     TestFolder folder;

@@ -10,6 +10,7 @@
 
 #include "lint/lint.h"
 #include "tests/support/engine_bench.h"
+#include "tests/support/load_case_lines.h"
 #include "tests/support/random_input.h"
 #include "tests/support/small_building.h"
 #include "tests/support/two_story_building.h"
@@ -20,7 +21,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-constexpr const char* kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 constexpr std::uint64_t kFiles = 2000;
 
 // The small building, in which every number is a column.
@@ -150,11 +150,12 @@ TEST(AsRead, IsWhatARunOnABuildingLeavesInTheEngineOverHostileFiles) {
 }
 
 TEST(AsRead, IsNothingWithoutFin) {
-    EXPECT_FALSE(ReadWithoutModel(InputText(kCases)).has_value());
+    EXPECT_FALSE(ReadWithoutModel(InputText(kLoadCaseLines)).has_value());
 }
 
 TEST(AsRead, LeavesLevelsAndMembersToAModelThatIsNotThere) {
-    const AsRead asRead = ReadFile(std::string(kCases) + "AllowStoryDeformAngle,\n1,0.004,\nFIN\n");
+    const AsRead asRead =
+        ReadFile(std::string(kLoadCaseLines) + "AllowStoryDeformAngle,\n1,0.004,\nFIN\n");
     EXPECT_FALSE(asRead.floorLevels.has_value());
     EXPECT_EQ(Source::kModel, asRead.floorLevelsFrom);
     EXPECT_FALSE(asRead.storyMembers.has_value());

@@ -11,6 +11,7 @@
 
 #include "input/lint_finding_text.h"
 #include "lint/lint.h"
+#include "tests/support/load_case_lines.h"
 #include "tests/support/test_folder.h"
 #include "tests/support/two_story_building.h"
 
@@ -23,7 +24,6 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
-const std::string kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 const std::string kMembers = "StoryMember,\n1,101,102,103,104,\n2,201,202,203,204,\n";
 
 const LintFinding& FindFinding(const std::vector<LintFinding>& findings, std::string_view id) {
@@ -35,7 +35,7 @@ protected:
     ModelRules() { BuildTwoStories(host); }
 
     LintReport Lint(const std::string& lines) {
-        return LintAgainst(folder.Write("input.csv", kCases + lines + "FIN\n"),
+        return LintAgainst(folder.Write("input.csv", kLoadCaseLines + lines + "FIN\n"),
                            {host, "tower.qhm", ""}, WantsSuggestion::kNo);
     }
 
@@ -177,7 +177,7 @@ TEST(FirstNode, WithoutASupportMakesTheBaseAndIsNamed) {
     host.Node(77, 0, -1.2, 0);
     BuildTwoStories(host);
     const TestFolder folder;
-    const LintReport report = LintAgainst(folder.Write("input.csv", kCases + "FIN\n"),
+    const LintReport report = LintAgainst(folder.Write("input.csv", kLoadCaseLines + "FIN\n"),
                                           {host, "tower.qhm", ""}, WantsSuggestion::kNo);
     ASSERT_TRUE(HasFinding(report.findings, "M08"));
     EXPECT_THAT(
@@ -227,7 +227,7 @@ TEST_F(ModelRules, M12NamesMembersThatAreNotThere) {
 // Readers that never find FIN take the last line a hundred thousand times.
 TEST_F(ModelRules, LookOnceAtTheLastLineOfAFileWithoutFin) {
     const LintReport report =
-        LintAgainst(folder.Write("input.csv", kCases + "StoryMember,\n1,999,"),
+        LintAgainst(folder.Write("input.csv", kLoadCaseLines + "StoryMember,\n1,999,"),
                     {host, "tower.qhm", ""}, WantsSuggestion::kNo);
     EXPECT_TRUE(HasFinding(report.findings, "F02"));
     ASSERT_TRUE(HasFinding(report.findings, "M12"));
@@ -316,9 +316,10 @@ std::vector<std::string> IdsOf(FakeHost& host) {
     const TestFolder folder;
     host.resultsAvailable = false;
     std::vector<std::string> ids;
-    for (const LintFinding& finding : LintAgainst(folder.Write("input.csv", kCases + "FIN\n"),
-                                                  {host, "", ""}, WantsSuggestion::kNo)
-                                          .findings)
+    for (const LintFinding& finding :
+         LintAgainst(folder.Write("input.csv", kLoadCaseLines + "FIN\n"), {host, "", ""},
+                     WantsSuggestion::kNo)
+             .findings)
         ids.emplace_back(finding.rule->id);
     return ids;
 }
@@ -401,7 +402,7 @@ TEST(MissingAnswers, AreCountedAndTheFirstIsNamed) {
     DeafHost host;
     BuildTwoStories(host);
     const TestFolder folder;
-    const LintReport report = LintAgainst(folder.Write("input.csv", kCases + "FIN\n"),
+    const LintReport report = LintAgainst(folder.Write("input.csv", kLoadCaseLines + "FIN\n"),
                                           {host, "tower.qhm", "other.csv"}, WantsSuggestion::kNo);
     ASSERT_EQ(1u, report.findings.size());
     EXPECT_EQ("M25", report.findings[0].rule->id);
@@ -442,7 +443,7 @@ TEST(ModelWithoutFloors, IsToldToHaveNoStories) {
     host.primaryLoadCases = {1, 2, 3};
     host.Node(1, 0, 0, 0, true).Node(2, 0, 3.5, 0).Member(1, 1, 2);
     const TestFolder folder;
-    const LintReport report = LintAgainst(folder.Write("input.csv", kCases + "FIN\n"),
+    const LintReport report = LintAgainst(folder.Write("input.csv", kLoadCaseLines + "FIN\n"),
                                           {host, "", ""}, WantsSuggestion::kNo);
     EXPECT_TRUE(HasFinding(report.findings, "V08"));
 }

@@ -4,13 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "input/input_check.h"
+#include "tests/support/load_case_lines.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr const char* kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 
 // Ids of errors and warnings in their order.
 std::vector<std::string> Told(const std::string& text) {
@@ -21,7 +20,7 @@ std::vector<std::string> Told(const std::string& text) {
 }
 
 std::vector<std::string> ToldBehindCases(const std::string& text) {
-    return Told(kCases + text);
+    return Told(kLoadCaseLines + text);
 }
 
 const LintFinding& Only(const InputCheck& check) {
@@ -103,7 +102,7 @@ TEST(OneCause, ARepeatThatChangesNothingIsNoFinding) {
 
 TEST(OneCause, ALineThatWasMeantAsFinIsNoRemarkAndRepeatsNothing) {
     EXPECT_THAT(ToldBehindCases("fin\n"), ElementsAre("F03"));
-    const InputCheck check = CheckInputText(InputText(std::string(kCases) + "#,\nEND\n"));
+    const InputCheck check = CheckInputText(InputText(std::string(kLoadCaseLines) + "#,\nEND\n"));
     EXPECT_FALSE(HasFinding(check.findings, "F02"));
     EXPECT_EQ(4u, check.findings.back().place.line);
 }
@@ -127,7 +126,7 @@ TEST(OneCause, TheRestOfALongLineDoesNotAlsoEndTheBlock) {
 
 TEST(SameFinding, AtSeveralPlacesIsOneWithTheFirstPlace) {
     const InputCheck check =
-        CheckInputText(InputText("one,\n" + std::string(kCases) + "two,\nthree,\nFIN\n"));
+        CheckInputText(InputText("one,\n" + std::string(kLoadCaseLines) + "two,\nthree,\nFIN\n"));
     const LintFinding& remark = Only(check);
     EXPECT_EQ("K04", remark.rule->id);
     EXPECT_EQ(1u, remark.place.line);
@@ -135,8 +134,8 @@ TEST(SameFinding, AtSeveralPlacesIsOneWithTheFirstPlace) {
 }
 
 TEST(SameFinding, JoinsItsStories) {
-    const InputCheck check = CheckInputText(
-        InputText(std::string(kCases) + "AllowStoryDeformAngle,\n1,1/200,\n2,1/200,\nFIN\n"));
+    const InputCheck check = CheckInputText(InputText(
+        std::string(kLoadCaseLines) + "AllowStoryDeformAngle,\n1,1/200,\n2,1/200,\nFIN\n"));
     EXPECT_THAT(Only(check).stories, ElementsAre(1, 2));
 }
 
@@ -145,7 +144,7 @@ TEST(SameFinding, WithOtherWordsIsAnother) {
 }
 
 TEST(SameFinding, IsNeverHiddenByAnyNumberOfAnotherKind) {
-    std::string text = kCases;
+    std::string text = kLoadCaseLines;
     for (int i = 0; i < 5000; ++i)
         text += "SheetNotes" + std::to_string(i) + ",\n";
     const InputCheck check = CheckInputText(InputText(text + "MemberDeformAngle,101\nFIN\n"));

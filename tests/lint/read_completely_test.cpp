@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr std::uint64_t kFiles = 20000;
+constexpr std::uint64_t kNoisyFiles = 20000;
 constexpr std::size_t kStories = 3;  // of the model, when the file has no levels
 
 constexpr const char* kSound =
@@ -131,7 +131,7 @@ std::map<std::string, std::string> Contents(const TestFolder& folder) {
 
 TEST(ReadCompletely, IsEveryFileOfWhichTheCheckSaysNothing) {
     std::size_t silent = 0, told = 0;
-    for (std::uint64_t seed = 1; seed <= kFiles && !testing::Test::HasFailure(); ++seed) {
+    for (std::uint64_t seed = 1; seed <= kNoisyFiles && !testing::Test::HasFailure(); ++seed) {
         const std::string text = Slips(seed).In(kSound);
         const InputCheck check = CheckInputText(InputText(text), kStories);
         ++(check.findings.empty() ? silent : told);
@@ -140,8 +140,8 @@ TEST(ReadCompletely, IsEveryFileOfWhichTheCheckSaysNothing) {
         EXPECT_TRUE(check.hasFin);
         EXPECT_EQ(ValuesWritten(text), ValuesTaken(text));
     }
-    EXPECT_GT(silent, kFiles / 20);
-    EXPECT_GT(told, kFiles / 2);
+    EXPECT_GT(silent, kNoisyFiles / 20);
+    EXPECT_GT(told, kNoisyFiles / 2);
 }
 
 TEST(TheCheck, ChangesNoFileAndWritesNone) {

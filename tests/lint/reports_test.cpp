@@ -10,6 +10,7 @@
 #include "lint/json_report.h"
 #include "lint/lint.h"
 #include "lint/text_report.h"
+#include "tests/support/load_case_lines.h"
 #include "tests/support/test_folder.h"
 
 namespace {
@@ -18,8 +19,6 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
-
-constexpr const char* kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 
 LintReport ReportOn(const std::string& text) {
     const TestFolder folder;
@@ -39,7 +38,7 @@ nlohmann::json JsonOn(const std::string& text) {
 }  // namespace
 
 TEST(TextReport, ShowsTheLineAMarkBelowItAndWhatToWrite) {
-    EXPECT_THAT(TextOn(std::string(kCases) + "FloorLevel,0,4500,8100,11700\nFIN\n"),
+    EXPECT_THAT(TextOn(std::string(kLoadCaseLines) + "FloorLevel,0,4500,8100,11700\nFIN\n"),
                 StartsWith("tower.csv:3:24: error V01: FloorLevel has no comma at its end, so its "
                            "last level, 11700, is not read; the top story would be missing.\n"
                            "    FloorLevel,0,4500,8100,11700\n"
@@ -48,7 +47,8 @@ TEST(TextReport, ShowsTheLineAMarkBelowItAndWhatToWrite) {
 }
 
 TEST(TextReport, EndsWithWhatARunReadsAndTheNumberOfFindings) {
-    const std::string text = TextOn(std::string(kCases) + "FloorLevel,0,4500,8100,11700\nFIN\n");
+    const std::string text =
+        TextOn(std::string(kLoadCaseLines) + "FloorLevel,0,4500,8100,11700\nFIN\n");
     EXPECT_THAT(text,
                 AllOf(HasSubstr("\nAs read\n"), HasSubstr("0, 4500, 8100"), HasSubstr("1/200"),
                       HasSubstr("line 3\n"), testing::EndsWith("1 error, 0 warnings, 0 notes\n")));
@@ -56,46 +56,47 @@ TEST(TextReport, EndsWithWhatARunReadsAndTheNumberOfFindings) {
 
 // Each of the characters before the mark takes two cells.
 TEST(TextReport, PutsTheMarkBelowWideCharacters) {
-    EXPECT_THAT(TextOn(std::string(kCases) + "MemberDeformAngle,部材,\nFIN\n"),
+    EXPECT_THAT(TextOn(std::string(kLoadCaseLines) + "MemberDeformAngle,部材,\nFIN\n"),
                 HasSubstr("    MemberDeformAngle,部材,\n                      ^~~~\n"));
-    EXPECT_THAT(TextOn(std::string(kCases) + "MemberDeformAngle,1,柱,C2,\nFIN\n"),
+    EXPECT_THAT(TextOn(std::string(kLoadCaseLines) + "MemberDeformAngle,1,柱,C2,\nFIN\n"),
                 HasSubstr("tower.csv:3:23: warning D02: `C2`"));
 }
 
 TEST(TextReport, ShowsTabsAsOneBlank) {
-    EXPECT_THAT(TextOn(std::string(kCases) + "MemberDeformAngle,\t1,C2,\nFIN\n"),
+    EXPECT_THAT(TextOn(std::string(kLoadCaseLines) + "MemberDeformAngle,\t1,C2,\nFIN\n"),
                 HasSubstr("    MemberDeformAngle, 1,C2,\n                         ^~\n"));
 }
 
 TEST(TextReport, LetsNoControlCharacterReachATerminal) {
     const std::string text =
-        TextOn(std::string(kCases) + "MemberDeformAngle,\x1b[31mC2,\u202e,\x07,\nFIN\n");
+        TextOn(std::string(kLoadCaseLines) + "MemberDeformAngle,\x1b[31mC2,\u202e,\x07,\nFIN\n");
     for (const char c : text)
         EXPECT_TRUE(c == '\n' || static_cast<unsigned char>(c) >= 0x20) << int(c);
     EXPECT_THAT(text, Not(HasSubstr("\u202e")));
 }
 
 TEST(TextReport, ShowsThePartOfALongLineThatIsMeant) {
-    const std::string text =
-        TextOn(std::string(kCases) + "MemberDeformAngle," + std::string(100, '1') + ",C2,\nFIN\n");
+    const std::string text = TextOn(std::string(kLoadCaseLines) + "MemberDeformAngle," +
+                                    std::string(100, '1') + ",C2,\nFIN\n");
     EXPECT_THAT(text, HasSubstr("    ... C2,\n        ^~\n"));
 }
 
 TEST(TextReport, ShowsShiftJisText) {
     // "部材" in Shift_JIS; columns count bytes.
-    EXPECT_THAT(TextOn(std::string(kCases) + "MemberDeformAngle,\x95\x94\x8d\xde,C2,\nFIN\n"),
-                AllOf(HasSubstr("tower.csv:3:19: warning D02: `部材` is member 0"),
-                      HasSubstr("tower.csv:3:24: warning D02: `C2`")));
+    EXPECT_THAT(
+        TextOn(std::string(kLoadCaseLines) + "MemberDeformAngle,\x95\x94\x8d\xde,C2,\nFIN\n"),
+        AllOf(HasSubstr("tower.csv:3:19: warning D02: `部材` is member 0"),
+              HasSubstr("tower.csv:3:24: warning D02: `C2`")));
 }
 
 TEST(TextReport, IsJapaneseWhenAsked) {
-    EXPECT_THAT(TextOn(kCases, Language::kJapanese),
+    EXPECT_THAT(TextOn(kLoadCaseLines, Language::kJapanese),
                 AllOf(HasSubstr("tower.csv:1:1: error F02: FIN で始まる行がない"),
                       HasSubstr("エラー 1, 警告 0, 注記 0\n")));
 }
 
 TEST(JsonReport, HasTheKeysThatOthersRelyOn) {
-    const auto json = JsonOn(std::string(kCases) + "FloorLevel,0,4500,8100,11700\nFIN\n");
+    const auto json = JsonOn(std::string(kLoadCaseLines) + "FloorLevel,0,4500,8100,11700\nFIN\n");
     EXPECT_EQ("tower.csv", json["file"]);
     const auto& finding = json["findings"][0];
     EXPECT_EQ("V01", finding["id"]);
@@ -117,14 +118,15 @@ TEST(JsonReport, HasTheKeysThatOthersRelyOn) {
 }
 
 TEST(JsonReport, HasNullWhereThereIsNothing) {
-    EXPECT_TRUE(JsonOn(kCases)["asRead"].is_null());
-    EXPECT_TRUE(JsonOn(std::string(kCases) + "FIN\n")["asRead"]["floorLevels_mm"].is_null());
-    const auto json = JsonOn(std::string(kCases) + "FloorLevel,0,inf,\nFIN\n");
+    EXPECT_TRUE(JsonOn(kLoadCaseLines)["asRead"].is_null());
+    EXPECT_TRUE(
+        JsonOn(std::string(kLoadCaseLines) + "FIN\n")["asRead"]["floorLevels_mm"].is_null());
+    const auto json = JsonOn(std::string(kLoadCaseLines) + "FloorLevel,0,inf,\nFIN\n");
     EXPECT_EQ("[0,null]", json["asRead"]["floorLevels_mm"].dump());
 }
 
 TEST(JsonReport, GivesNumbersThatReadBackTheSame) {
-    const auto json = JsonOn(std::string(kCases) + "FloorLevel,0.1,3500.3,1e300,\nFIN\n");
+    const auto json = JsonOn(std::string(kLoadCaseLines) + "FloorLevel,0.1,3500.3,1e300,\nFIN\n");
     EXPECT_EQ(0.1, json["asRead"]["floorLevels_mm"][0].get<double>());
     EXPECT_EQ(3500.3, json["asRead"]["floorLevels_mm"][1].get<double>());
     EXPECT_EQ(1e300, json["asRead"]["floorLevels_mm"][2].get<double>());
@@ -142,11 +144,11 @@ TEST(JsonReport, HoldsNoiseAsValidJson) {
     std::string noise;
     for (int byte = 0; byte < 256; ++byte)
         noise += static_cast<char>(byte);
-    EXPECT_NO_THROW(JsonOn(kCases + ("MemberDeformAngle," + noise) + ",\nFIN\n"));
+    EXPECT_NO_THROW(JsonOn(kLoadCaseLines + ("MemberDeformAngle," + noise) + ",\nFIN\n"));
 }
 
 TEST(GithubReport, IsOneAnnotationPerFinding) {
-    LintReport report = ReportOn(std::string(kCases) + "FloorLevel,0,3500,7000\nFIN\n");
+    LintReport report = ReportOn(std::string(kLoadCaseLines) + "FloorLevel,0,3500,7000\nFIN\n");
     report.inputPath = "jobs/a,b:c.csv";
     EXPECT_EQ(
         "::error file=jobs/a%2Cb%3Ac.csv,line=3,col=19::V01: FloorLevel has no comma at its "

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "lint/lint.h"
+#include "tests/support/load_case_lines.h"
 #include "tests/support/random_input.h"
 #include "tests/support/test_folder.h"
 #include "tests/support/two_story_building.h"
@@ -14,8 +15,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
-
-constexpr const char* kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 
 std::string SuggestedFor(const std::string& text) {
     const TestFolder folder;
@@ -47,13 +46,14 @@ std::string ToldOf(const std::string& text) {
 
 TEST(Suggestion, HasTheCasesAsGivenTheListsWithTheirCommasAndFin) {
     EXPECT_EQ(
-        std::string(kCases) + "FloorLevel,0,4500,8100,\nMemberDeformAngle,101,\nFIN\n",
-        Lines(SuggestedFor(std::string(kCases) + "FloorLevel,0,4500,8100\nMemberDeformAngle,101")));
+        std::string(kLoadCaseLines) + "FloorLevel,0,4500,8100,\nMemberDeformAngle,101,\nFIN\n",
+        Lines(SuggestedFor(std::string(kLoadCaseLines) +
+                           "FloorLevel,0,4500,8100\nMemberDeformAngle,101")));
 }
 
 TEST(Suggestion, PutsRightWhatHasOneWayToBeRight) {
     EXPECT_EQ(
-        std::string(kCases) +
+        std::string(kLoadCaseLines) +
             "FloorLevel,0,4500,8100,11700,\nStoryMember,\n1,101,\n2,201,\n"
             "3,301,\nAllowStoryDeformAngle,\n1,0.008333,\nFIN\n",
         Lines(SuggestedFor("deadLoadCaseNumber,1,\n EarthquakeLoadCaseNumber,2,3,\n"
@@ -67,12 +67,13 @@ TEST(Suggestion, AsksForCasesThatNobodyNamed) {
 }
 
 TEST(Suggestion, KeepsLinesOfTheCalculationSheet) {
-    EXPECT_THAT(SuggestedFor("SheetProject,霞ヶ丘計画,\n" + std::string(kCases)),
+    EXPECT_THAT(SuggestedFor("SheetProject,霞ヶ丘計画,\n" + std::string(kLoadCaseLines)),
                 HasSubstr("SheetProject,霞ヶ丘計画,\n"));
 }
 
 TEST(Suggestion, HasReliefAsACommentOnly) {
-    const std::string suggestion = SuggestedFor(std::string(kCases) + "FloorLevel,0,3500,\nFIN\n");
+    const std::string suggestion =
+        SuggestedFor(std::string(kLoadCaseLines) + "FloorLevel,0,3500,\nFIN\n");
     EXPECT_THAT(suggestion, HasSubstr("# relief: 1,0.008333,\n"));
     EXPECT_THAT(Lines(suggestion), Not(HasSubstr("Allow")));
 }
@@ -81,8 +82,8 @@ TEST(Suggestion, TakesTheFloorsOfTheModelWithoutItsLandings) {
     FakeHost host;
     BuildTwoStories(host);
     host.Node(91, 0, 1.7, 0).Node(92, 6, 1.7, 0).Member(901, 91, 92);
-    EXPECT_EQ(std::string(kCases) + "FloorLevel,0,3500,7000,\nFIN\n",
-              Lines(SuggestedFor(host, std::string(kCases) + "FIN\n")));
+    EXPECT_EQ(std::string(kLoadCaseLines) + "FloorLevel,0,3500,7000,\nFIN\n",
+              Lines(SuggestedFor(host, std::string(kLoadCaseLines) + "FIN\n")));
 }
 
 TEST(Suggestion, FindsTheCasesThatActAlongTheAxes) {
@@ -91,7 +92,7 @@ TEST(Suggestion, FindsTheCasesThatActAlongTheAxes) {
     const std::string suggestion = SuggestedFor(host, "FIN\n");
     EXPECT_THAT(suggestion, testing::AllOf(HasSubstr("# ? case 2 acts along X"),
                                            HasSubstr("# ? case 3 acts along Z")));
-    EXPECT_EQ(std::string(kCases) + "FloorLevel,0,3500,7000,\nFIN\n", Lines(suggestion));
+    EXPECT_EQ(std::string(kLoadCaseLines) + "FloorLevel,0,3500,7000,\nFIN\n", Lines(suggestion));
 }
 
 // A column 2 mm too high on both sides is as high as its story; one through both stories is not.
@@ -99,7 +100,7 @@ TEST(Suggestion, NamesTheMembersWhenTheSearchWouldMissSome) {
     FakeHost host;
     BuildTwoStories(host);
     host.Node(91, 3, 0.002, 0).Node(92, 3, 3.502, 0).Member(901, 91, 92).Member(902, 1, 21);
-    const std::string suggestion = SuggestedFor(host, std::string(kCases) + "FIN\n");
+    const std::string suggestion = SuggestedFor(host, std::string(kLoadCaseLines) + "FIN\n");
     EXPECT_THAT(suggestion, HasSubstr("# story 1: cannot be counted: 902,\n"));
     EXPECT_THAT(suggestion, HasSubstr("StoryMember,\n1,101,102,103,104,901,\n2,201,"));
 }
@@ -109,7 +110,7 @@ TEST(Suggestion, BreaksLongListsIntoLinesThatAreReadWhole) {
     for (int i = 0; i < 100; ++i)
         members += ',' + std::to_string(1000 + i);
     const std::string suggestion = SuggestedFor(
-        std::string(kCases) + "FloorLevel,0,3500,\nStoryMember,\n" + members + ",\nFIN\n");
+        std::string(kLoadCaseLines) + "FloorLevel,0,3500,\nStoryMember,\n" + members + ",\nFIN\n");
     EXPECT_EQ("", ToldOf(suggestion));
     EXPECT_THAT(suggestion, HasSubstr(",1099,\n"));
 }

@@ -25,7 +25,7 @@ Findings TwoStories() {
 }
 
 // Lines without their CR LF.
-std::vector<std::string> Lines(const std::string& table) {
+std::vector<std::string> LinesOf(const std::string& table) {
     std::vector<std::string> lines;
     std::istringstream text(table);
     for (std::string line; std::getline(text, line);) {
@@ -38,11 +38,11 @@ std::vector<std::string> Lines(const std::string& table) {
 
 TEST(FlatTable, BeginsWithAByteOrderMarkAndItsHeadings) {
     EXPECT_THAT(FlatTable({}), StartsWith("\xEF\xBB\xBF階 Story,方向 Direction,"));
-    EXPECT_THAT(Lines(FlatTable({})), SizeIs(1));
+    EXPECT_THAT(LinesOf(FlatTable({})), SizeIs(1));
 }
 
 TEST(FlatTable, HasOneRowPerStoryAndDirectionTopStoryFirst) {
-    const std::vector<std::string> lines = Lines(FlatTable(TwoStories()));
+    const std::vector<std::string> lines = LinesOf(FlatTable(TwoStories()));
     ASSERT_THAT(lines, SizeIs(5));
     EXPECT_THAT(lines[1], StartsWith("2,X,2,"));
     EXPECT_THAT(lines[2], StartsWith("2,Z,3,"));
@@ -50,7 +50,7 @@ TEST(FlatTable, HasOneRowPerStoryAndDirectionTopStoryFirst) {
 }
 
 TEST(FlatTable, HasAsManyCellsInEveryRowAsHeadings) {
-    const std::vector<std::string> lines = Lines(FlatTable(TwoStories()));
+    const std::vector<std::string> lines = LinesOf(FlatTable(TwoStories()));
     for (const std::string& line : lines)
         EXPECT_EQ(std::ranges::count(lines[0], ','), std::ranges::count(line, ','));
 }
@@ -59,7 +59,7 @@ TEST(FlatTable, WritesPlainDecimalsAndNothingForWhatWasNotFormed) {
     Findings findings = TwoStories();
     findings.stories[1].directions[kX].storyShear = 1.5e-7;
     findings.stories[1].weightAbove = 1e22;
-    const std::string row = Lines(FlatTable(findings))[1];
+    const std::string row = LinesOf(FlatTable(findings))[1];
     EXPECT_THAT(row, HasSubstr(",0.00000015,"));
     EXPECT_THAT(row, HasSubstr(",10000000000000000000000,"));
     EXPECT_THAT(row, HasSubstr(",,"));
@@ -71,14 +71,14 @@ TEST(FlatTable, ListsMembersThatAreNotCountedInOneCell) {
     findings.stories[1].cutNotCounted.resize(2);
     findings.stories[1].cutNotCounted[0].number = 4;
     findings.stories[1].cutNotCounted[1].number = 11;
-    EXPECT_THAT(Lines(FlatTable(findings))[1], HasSubstr(",4 11,"));
+    EXPECT_THAT(LinesOf(FlatTable(findings))[1], HasSubstr(",4 11,"));
 }
 
 TEST(FlatMemberTable, HasOneRowPerStoryMember) {
     Findings findings = TwoStories();
     findings.stories[1].members[0].upright = true;
     findings.stories[1].members[0].drift = {7.25, std::nullopt};
-    const std::vector<std::string> lines = Lines(FlatMemberTable(findings));
+    const std::vector<std::string> lines = LinesOf(FlatMemberTable(findings));
     ASSERT_THAT(lines, SizeIs(3));
     EXPECT_EQ("2,102,yes,0,0,,,,7.25,,,", lines[1]);
     EXPECT_EQ("1,101,no,0,0,,,,,,,", lines[2]);

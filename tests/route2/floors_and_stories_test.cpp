@@ -7,9 +7,9 @@
 #include <cmath>
 #include <functional>
 #include <limits>
-#include <stdexcept>
 
 #include "tests/support/engine_bench.h"
+#include "tests/support/what_ends_the_run.h"
 
 namespace {
 
@@ -82,16 +82,6 @@ std::vector<std::int32_t> StoriesOfAColumnTo(double top) {
         if (!bench.engine.stories[i].members.empty())
             stories.push_back(static_cast<std::int32_t>(i) + 1);
     return stories;
-}
-
-// What() of the out-of-range error with which `step` ends the run.
-std::string WhatEndsTheRun(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const std::out_of_range& error) {
-        return error.what();
-    }
-    return "nothing";
 }
 
 }  // namespace

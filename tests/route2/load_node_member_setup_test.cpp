@@ -3,10 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <stdexcept>
-
 #include "tests/support/engine_bench.h"
+#include "tests/support/what_ends_the_run.h"
 
 namespace {
 
@@ -26,15 +24,6 @@ double BaseLevelOf(FakeHost& host) {
     EngineBench bench(host);
     bench.engine.SetNodeInfo();
     return bench.engine.baseLevel;
-}
-
-std::string WhatEndsTheRun(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const std::out_of_range& error) {
-        return error.what();
-    }
-    return "nothing";
 }
 
 }  // namespace

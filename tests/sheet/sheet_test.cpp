@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/load_case_lines.h"
 #include "tests/support/sheet_of_run.h"
 #include "tests/support/small_building.h"
 
@@ -14,8 +15,6 @@ using testing::Not;
 using testing::StartsWith;
 
 namespace {
-
-const std::string kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 
 class CalculationSheet : public testing::Test {
 protected:
@@ -88,7 +87,7 @@ TEST_F(CalculationSheet, CallsDirectionsByTheirAxes) {
 
 TEST_F(CalculationSheet, ShowsTheNotesOfTheInputInTheSummary) {
     const std::string summary =
-        Section(Html("SheetNote,Drawing S-12 <rev. 3>,\n" + kCases + "FIN\n"), "S1");
+        Section(Html("SheetNote,Drawing S-12 <rev. 3>,\n" + kLoadCaseLines + "FIN\n"), "S1");
     EXPECT_THAT(summary, HasSubstr("class=\"input-note\""));
     EXPECT_THAT(summary, HasSubstr("Drawing S-12 &lt;rev. 3&gt;"));
 }
@@ -97,7 +96,7 @@ TEST_F(CalculationSheet, ShowsTheNotesOfTheInputInTheSummary) {
 TEST_F(CalculationSheet, NamesTheGridLinesThatCrossAPlan) {
     const std::string plans =
         Section(Html("SheetGridX,X1,0,X2,6000,X9,90000,\nSheetGridZ,Z1,0,Z2,4000,Z9,-50000,\n" +
-                     kCases + "FIN\n"),
+                     kLoadCaseLines + "FIN\n"),
                 "S6");
     for (const char* const crossing : {">X1<", ">X2<", ">Z1<", ">Z2<"})
         EXPECT_THAT(plans, HasSubstr(crossing));
@@ -125,16 +124,16 @@ TEST_F(CalculationSheet, HasTheSameBytesEveryTime) {
 
 TEST_F(CalculationSheet, TakesItsNamesFromTheInputFile) {
     const std::string html =
-        Html("SheetProject,霞ヶ丘計画,\nSheetStoryName,1,GF,\nSheetFloorName,2,RFL,\n" + kCases +
-             "FIN\n");
+        Html("SheetProject,霞ヶ丘計画,\nSheetStoryName,1,GF,\nSheetFloorName,2,RFL,\n" +
+             kLoadCaseLines + "FIN\n");
     EXPECT_THAT(html, HasSubstr("霞ヶ丘計画"));
     EXPECT_THAT(Section(html, "S4"), HasSubstr("<th scope=\"row\">GF</th>"));
     EXPECT_THAT(Section(html, "S2"), HasSubstr("RFL 3,500"));
 }
 
 TEST_F(CalculationSheet, LetsNoMarkupIn) {
-    const std::string html =
-        Html("SheetProject,<script>alert('x') & \"more\"</script>\x01\x7F,\n" + kCases + "FIN\n");
+    const std::string html = Html("SheetProject,<script>alert('x') & \"more\"</script>\x01\x7F,\n" +
+                                  kLoadCaseLines + "FIN\n");
     EXPECT_THAT(html, Not(HasSubstr("<script")));
     EXPECT_THAT(
         html, HasSubstr("&lt;script&gt;alert(&#39;x&#39;) &amp; &quot;more&quot;&lt;/script&gt;"));
@@ -146,14 +145,14 @@ TEST_F(CalculationSheet, LetsNoMarkupIn) {
 TEST_F(CalculationSheet, ShowsBytesThatAreNoTextAsSuch) {
     EXPECT_THAT(Html("SheetDesigner,a\xFF"
                      "b,\n" +
-                     kCases + "FIN\n"),
+                     kLoadCaseLines + "FIN\n"),
                 HasSubstr("a\xEF\xBF\xBD"
                           "b"));
 }
 
 TEST_F(CalculationSheet, CutsANameThatWouldFitNoColumn) {
     const std::string html =
-        Html("SheetStoryName,1," + std::string(100, 'W') + ",\n" + kCases + "FIN\n");
+        Html("SheetStoryName,1," + std::string(100, 'W') + ",\n" + kLoadCaseLines + "FIN\n");
     EXPECT_THAT(Section(html, "S4"), HasSubstr("<th scope=\"row\">WWWWWWWWWWWW…</th>"));
 }
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/load_case_lines.h"
 #include "tests/support/sheet_of_run.h"
 #include "tests/support/small_building.h"
 
@@ -10,8 +11,6 @@ using testing::HasSubstr;
 using testing::Not;
 
 namespace {
-
-const std::string kCases = "DeadLoadCaseNumber,1,\nEarthquakeLoadCaseNumber,2,3,\n";
 
 class VerdictsOnASheet : public testing::Test {
 protected:
@@ -23,7 +22,7 @@ protected:
             host.Displace(3, node, 0, 0, drift);
     }
     std::string Html(const std::string& more = "") {
-        return SheetOfRun(host, kCases + more + "FIN\n");
+        return SheetOfRun(host, kLoadCaseLines + more + "FIN\n");
     }
 
     FakeHost host;
