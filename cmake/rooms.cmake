@@ -17,22 +17,14 @@ function(quarnel_headers target visibility folder)
     target_include_directories(${target} ${visibility} ${place})
 endfunction()
 
-# In a build that is made for one run of the tests, folders to which the tests give little to do are not
-# optimised.
-option(QUARNEL_BUILT_FOR_ONE_RUN "Shorten the build at the cost of the programs" OFF)
-
-# quarnel_room(TARGET [LIGHT] SOURCES ... [USES ...] [KEEPS ...]): the library of the folder that calls
-# it. LIGHT: the tests give it little to do, beside what the engine and the input check have to; USES:
-# what its headers need, passed on to whoever uses this one; KEEPS: what only its sources need.
+# quarnel_room(TARGET SOURCES ... [USES ...] [KEEPS ...]): the library of the folder that calls it.
+# USES: what its headers need, passed on to whoever uses this one; KEEPS: what only its sources need.
 function(quarnel_room target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "LIGHT" "" "SOURCES;USES;KEEPS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;KEEPS")
     file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
     add_library(${target} STATIC ${arg_SOURCES})
     quarnel_headers(${target} PUBLIC ${folder})
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE ${arg_KEEPS} quarnel_build_options)
-    if(arg_LIGHT AND QUARNEL_BUILT_FOR_ONE_RUN)
-        target_compile_options(${target} PRIVATE -O0)
-    endif()
 endfunction()
 
 # quarnel_program(TARGET [WIN32] SOURCES ... USES ...): a program of the folder that calls it.

@@ -424,12 +424,17 @@ snapshot() {
         -exec md5sum {} + | sort
 }
 
+# Wine itself has a word now and then about a thread that has not ended when its program ends.
+expect_one_line() {
+    [ "$(grep -vc '^wine client error:' "$1")" = 1 ] || fail "not one line: $(cat "$1")"
+}
+
 # A command that must leave everything as it was.
 expect_refused() {
     snapshot >before
     cli "$@" >out 2>err
     expect_code 2 $?
-    [ "$(wc -l <err)" = 1 ] || fail "not one line: $(cat err)"
+    expect_one_line err
     snapshot >after
     expect_same before after
 }
