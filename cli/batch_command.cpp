@@ -10,6 +10,7 @@
 #include "cli/messages.h"
 #include "platform/child_program.h"
 #include "platform/distinct_files.h"
+#include "platform/native_path.h"
 #include "platform/one_line.h"
 #include "platform/terminal.h"
 #include "platform/whole_file.h"
