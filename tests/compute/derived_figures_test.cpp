@@ -174,6 +174,23 @@ TEST(TwoStoryFigures, HaveNoUtilisationOfANegativeRatio) {
     EXPECT_THAT(findings.stories.at(1).directions[kX].ratioUtilisation, Near(0.6 / (875 / 187.5)));
 }
 
+// The first floor moves 7 mm in X, the second one stays where it is: r_s = 3500 / 7 = 500 and -500,
+// whose mean is 0. The 0 of the results is no ratio.
+TEST(TwoStoryFigures, HaveNoRatioWhereTheMeanIsNought) {
+    FakeHost host;
+    BuildTwoStories(host);
+    for (const std::int32_t node : {21, 22, 23, 24})
+        host.Displace(2, node, 0.0, 0.0, 0.0);
+    const Findings findings = FindingsOf(host, kTwoStoryInput);
+    for (const StoryFindings& story : findings.stories) {
+        const DirectionFindings& x = story.directions[kX];
+        EXPECT_THAT(x.rsMean, Near(0.0));
+        EXPECT_THAT(x.rs, Near(story.number == 1 ? 500.0 : -500.0));
+        EXPECT_EQ(std::nullopt, x.stiffnessRatio);
+        EXPECT_EQ(CodeVerdict::kUndetermined, x.stiffnessRatioCode);
+    }
+}
+
 TEST(ShapeFactors, GrowBelowTheStiffnessRatioAndAboveTheModulus) {
     EXPECT_DOUBLE_EQ(1.0, StiffnessShapeFactor(0.6));
     EXPECT_DOUBLE_EQ(1.5, StiffnessShapeFactor(0.3));
