@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <stdexcept>
 
 #include "route2/shape_factors.h"
 #include "tests/support/load_case_lines.h"
@@ -189,6 +190,31 @@ TEST(TwoStoryFigures, HaveNoRatioWhereTheMeanIsNought) {
         EXPECT_EQ(std::nullopt, x.stiffnessRatio);
         EXPECT_EQ(CodeVerdict::kUndetermined, x.stiffnessRatioCode);
     }
+}
+
+// Whoever shows the status may end the run, here before the step of the stiffness ratio.
+TEST(TwoStoryFigures, HaveDriftsAndNoRatiosWhereTheRunEndsBetweenThem) {
+    class Ending : public StatusLines {
+        void Append(StatusText line) override {
+            if (line == StatusText::kStiffnessRatio) throw std::runtime_error("ended");
+            StatusLines::Append(line);
+        }
+    } status;
+    FakeHost host;
+    BuildTwoStories(host);
+    const TestFolder folder;
+    host.modelPath = folder.Path("tower.ext");
+    ReportPaths reports;
+    const Findings findings =
+        RunCompute(folder.Write("input.csv", kTwoStoryInput), [&host] { return &host; }, status,
+                   reports, {.wantsFindings = WantsFindings::kYes})
+            .findings.value();
+    EXPECT_FALSE(findings.end.complete);
+    const DirectionFindings& x = findings.stories.at(0).directions[kX];
+    EXPECT_THAT(x.meanDrift, Near(7.0));
+    EXPECT_EQ(std::nullopt, x.rsMean);
+    EXPECT_EQ(std::nullopt, x.stiffnessRatio);
+    EXPECT_EQ(CodeVerdict::kUndetermined, x.stiffnessRatioCode);
 }
 
 TEST(ShapeFactors, GrowBelowTheStiffnessRatioAndAboveTheModulus) {
