@@ -237,4 +237,14 @@ TEST(ShapeFactors, AreFormedWhereALimitIsExceededOnly) {
     EXPECT_THAT(FormShapeFactors(direction)->product, Near(1.5 * 1.25));
 }
 
+TEST(ShapeFactors, HaveNoProductWhereOneOfThemIsMissing) {
+    DirectionFindings direction;
+    direction.eccentricityModulus = 0.225;
+    direction.eccentricityCode = CodeVerdict::kNg;
+    const std::optional<ShapeFactors> factors = FormShapeFactors(direction);
+    EXPECT_EQ(std::nullopt, factors->stiffness);
+    EXPECT_THAT(factors->eccentricity, Near(1.25));
+    EXPECT_EQ(std::nullopt, factors->product);
+}
+
 }  // namespace
