@@ -4,10 +4,13 @@
 #        packages_test.sh FOLDER --list           their names
 #        packages_test.sh FOLDER --prepare BIN    makes in FOLDER what the cases need: the packages, a
 #                                                 clean Wine prefix, and small installers
+#        packages_test.sh FOLDER --list-of-copy   the names of those that need the packages of a copy, too
+#        packages_test.sh FOLDER --prepare-copy   makes these in FOLDER-of-a-copy
 # The display comes from the caller (./test).
 set -uo pipefail
 
 work=$1
+copy=$work-of-a-copy
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)
 version=$(sed -n 's/^project(Quarnel VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")
@@ -28,14 +31,13 @@ copy_sources_to() {
     fi | tar -C "$1" -xf -
 }
 
-# The packages of this folder, whose programs have been built before; and those of a copy in a longer
-# folder, an exported tree without git, where all is built anew, on one processor: other tests run
-# beside it.
-package_here_and_in_a_copy() {
-    local exported=$work/exported
-    "$root/scripts/package.sh" "$work" || return 1
-    copy_sources_to "$exported"
-    CMAKE_BUILD_PARALLEL_LEVEL=1 "$exported/scripts/package.sh" "$work/again" 2>"$work/exported.err"
+# The packages of a copy in a longer folder, an exported tree without git, where all is built anew, on
+# one processor: other tests run beside it.
+prepare_copy() {
+    rm -rf "$copy"
+    copy_sources_to "$copy/exported"
+    CMAKE_BUILD_PARALLEL_LEVEL=1 "$copy/exported/scripts/package.sh" "$copy/packages" \
+        2>"$copy/exported.err" || { cat "$copy/exported.err" >&2; exit 1; }
 }
 
 # A folder with nothing but the script that lists the examples, and examples.
@@ -78,7 +80,7 @@ list_files_of_1_0() {
 prepare() {
     rm -rf "$work"
     mkdir -p "$work" && cd "$work" || exit 1
-    package_here_and_in_a_copy || { cat "$work/exported.err" >&2; exit 1; }
+    "$root/scripts/package.sh" "$work" || exit 1  # of programs that have been built before
     prepare_contents "$1"
     list_files_of_1_0 >files_of_1.0.txt
     makensis -V2 -NOCD -DCONTENT="$work/1.0" -DOUTPUT="$work/1.0.exe" "$here/installer_of_1.0.nsi" ||
@@ -158,10 +160,6 @@ unpack() {
     portable=$work/unpacked/quarnel-$version-win64
 }
 
-ZipIsTheSameFromAnExportedCopyOfTheSources() {
-    expect_same "$work/quarnel-$version-win64.zip" "$work/again/quarnel-$version-win64.zip"
-}
-
 ZipHoldsTheListedExamples() {
     local listed packed
     listed=$("$root/scripts/list-example-files.sh" 2>/dev/null | tr '\0' '\n' | LC_ALL=C sort)
@@ -190,11 +188,6 @@ WithoutGitAllExamplesAreListedButResultsOfRuns() {
     listed=$("$folder/scripts/list-example-files.sh" 2>/dev/null | tr '\0' '\n' | LC_ALL=C sort)
     [ "$listed" = $'examples/published/frame.qhm\nexamples/tower.csv\nexamples/tower.qhm' ] ||
         fail "listed: $listed"
-}
-
-PackagingWithoutGitSaysWhatItPacks() {
-    grep -qx 'No git here: packing every .qhm and .csv of examples/ but results of runs.' \
-        "$work/exported.err" || fail "$(cat "$work/exported.err")"
 }
 
 ZipHoldsProgramsDocumentsAndExamples() {
@@ -511,15 +504,30 @@ FilesAs1_0InstalledThemElsewhereAreForeign() {
     expect_text "manual of 1.0" manual.html
 }
 
+# --- Cases: the packages of a copy ---------------------------------------------------------------
+
+ZipIsTheSameFromAnExportedCopyOfTheSources() {
+    expect_same "$work/quarnel-$version-win64.zip" "$copy/packages/quarnel-$version-win64.zip"
+}
+
+PackagingWithoutGitSaysWhatItPacks() {
+    grep -qx 'No git here: packing every .qhm and .csv of examples/ but results of runs.' \
+        "$copy/exported.err" || fail "$(cat "$copy/exported.err")"
+}
+
 # -------------------------------------------------------------------------------------------------
 
-cases() { sed -n '/^# --- Cases/,$s/^\([A-Z][A-Za-z0-9_]*\)() {$/\1/p' "$0"; }
+names_of_functions() { sed -n 's/^\([A-Z][A-Za-z0-9_]*\)() {$/\1/p'; }
+cases() { sed -n '/^# --- Cases/,/^# --- Cases: the packages of a copy/p' "$0" | names_of_functions; }
+cases_of_copy() { sed -n '/^# --- Cases: the packages of a copy/,$p' "$0" | names_of_functions; }
 
 case ${2:-} in
     --list) cases; exit 0 ;;
     --prepare) prepare "$3"; exit 0 ;;
+    --list-of-copy) cases_of_copy; exit 0 ;;
+    --prepare-copy) prepare_copy; exit 0 ;;
 esac
-[[ $'\n'$(cases)$'\n' == *$'\n'"${2:-}"$'\n'* ]] || fail "no case is called '${2:-}'"
+[[ $'\n'$(cases; cases_of_copy)$'\n' == *$'\n'"${2:-}"$'\n'* ]] || fail "no case is called '${2:-}'"
 
 . "$root/scripts/wine-session.sh"
 start_prefix "$work/wine"

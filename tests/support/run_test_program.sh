@@ -1,5 +1,9 @@
 #!/usr/bin/env bash
-# Runs a test program through an emulator: run_test_program.sh EMULATOR PROGRAM [ARGUMENT...]
+# Runs a test program through an emulator:
+#   run_test_program.sh [--with-server] EMULATOR PROGRAM [ARGUMENT...]
+#
+# --with-server  on the processor of Wine's server, where scripts/wine-session.sh has named one: for
+#                tests that work with many files and hold nothing that goes on at the same time
 #
 # What it says goes through a file: Wine's own desktop, when a test is the first to open a window, takes
 # over the test's output and stays, and whoever reads a pipe to its end would wait for it.
@@ -10,8 +14,14 @@
 said=$(mktemp)
 trap 'rm -f "$said"' EXIT
 
+place=()
+if [ "$1" = --with-server ]; then
+    shift
+    [ -z "${WINE_SERVER_PROCESSOR:-}" ] || place=(taskset -c "$WINE_SERVER_PROCESSOR")
+fi
+
 run() {
-    "$@" >"$said" 2>&1 &
+    "${place[@]}" "$@" >"$said" 2>&1 &
     tail -n +1 -f -s 0.1 --pid=$! "$said"
     wait $!
 }
