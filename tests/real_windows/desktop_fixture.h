@@ -27,12 +27,14 @@ inline constexpr int kCurrentInput = 1001;
 inline constexpr int kStatusList = 1002;
 
 /// A folder of its own for each test, gone afterwards. Its name has Japanese and other characters
-/// that no single-byte code page holds together.
+/// that no single-byte code page holds together. The time is in it, because what a test before
+/// started may still write, and processes get the numbers of those that have ended.
 class UnicodeFolder {
 public:
     UnicodeFolder()
         : path_(std::filesystem::temp_directory_path() /
-                (L"quarnel \u5EFA\u7269 \u0142 & " + std::to_wstring(GetCurrentProcessId()))) {
+                (L"quarnel \u5EFA\u7269 \u0142 & " + std::to_wstring(GetCurrentProcessId()) + L" " +
+                 std::to_wstring(GetTickCount64()))) {
         std::filesystem::create_directories(path_);
     }
     ~UnicodeFolder() {

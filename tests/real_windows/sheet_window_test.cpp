@@ -211,12 +211,14 @@ TEST_F(SheetWindow, AsksForAnotherFileThanOneThatIsNotThere) {
 }
 
 TEST_F(SheetWindow, SaysThatARecordingIsNotTheInputFiles) {
-    Start({L"--lang", L"en", input_.wstring(), Example("five_story_office_z_up.qhm").wstring()});
+    const std::filesystem::path recording =
+        folder_.Write(L"office.qhm", ContentOf(Example("five_story_office_z_up.qhm")));
+    Start({L"--lang", L"en", input_.wstring(), recording.wstring()});
     WaitForTheEndOfTheRun();
     EXPECT_THAT(sheet_->Text(IDC_HEADLINE),
                 StartsWith(L"The recorded building has no such answer"));
     EXPECT_THAT(sheet_->Text(IDC_LINES), StartsWith(L"The input file may be another building's"));
-    EXPECT_THAT(sheet_->Text(IDC_INPUT), HasSubstr(L", on five_story_office_z_up.qhm"));
+    EXPECT_THAT(sheet_->Text(IDC_INPUT), HasSubstr(L", on office.qhm"));
 }
 
 TEST_F(SheetWindow, ShowsTheErrorsOfAnInputFileBeforeItRuns) {
