@@ -286,8 +286,14 @@ TEST_F(Remarks, NoteWhatWasDerivedFromTheModel) {
 }
 
 TEST_F(Remarks, CountSupportsAtOtherLevels) {
-    host.Node(40, 9, 0.101, 0, true).Node(41, 9, -0.5, 0, true).Node(42, 9, 0.1, 0, true);
+    host.Node(40, 9, 0.101, 0, true).Node(41, 9, -0.5, 0, true);
     EXPECT_THAT(Find(RunAsItIs(), "R23").en, HasSubstr("2 supports at other levels"));
+}
+
+// 100 mm above the lowest level, as on a footing, and 0.1 mm below it.
+TEST_F(Remarks, TakeSupportsNearTheLowestLevelForItsOwn) {
+    host.Node(40, 9, 0.1, 0, true).Node(41, 9, -0.0001, 0, true);
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R23")));
 }
 
 TEST_F(Remarks, RepeatTheWarningsOfTheLogInPlainWords) {
@@ -300,9 +306,12 @@ TEST_F(Remarks, RepeatTheWarningsOfTheLogInPlainWords) {
 }
 
 TEST_F(Remarks, NameTheHeightAndTheSlendernessThatCloseRoute2) {
-    EXPECT_THAT(Ids(Run(kLoadCaseLines + "FloorLevel,0,16000,\nFIN\n")), Not(Contains("R28")));
-    const Findings tall =
-        Run(kLoadCaseLines + "FloorLevel,0,31001,\nStoryMember,\n1,1,2,3,4,\nFIN\n");
+    const std::string columns = "StoryMember,\n1,1,2,3,4,\nFIN\n";
+    EXPECT_THAT(Ids(Run(kLoadCaseLines + "FloorLevel,0,16000,\n" + columns)),
+                Not(Contains("R28")));  // 16 m over 4 m
+    EXPECT_THAT(Ids(Run(kLoadCaseLines + "FloorLevel,4000,35000,\nFIN\n")),
+                Not(Contains("R28")));  // 31 m without members, so without a width
+    const Findings tall = Run(kLoadCaseLines + "FloorLevel,0,31001,\n" + columns);
     EXPECT_THAT(Find(tall, "R28").en, HasSubstr("height of the model 31.00 m > 31 m"));
     EXPECT_THAT(Find(tall, "R28").en, HasSubstr("height over width 7.75 > 4"));
 }
@@ -377,24 +386,37 @@ TEST(RemarksOnFindings, NameARatioThatAReferencePutsOnTheOtherSideOfTheLimit) {
     EXPECT_THAT(Find(findings, "R30").en, HasSubstr("story 1 X (0.610, 0.590, 0.650)"));
 }
 
+// Two members, which stand in opposite corners of a plan.
+std::vector<MemberFindings> MembersAround(double width, double depth) {
+    MemberFindings corner;
+    corner.x = width;
+    corner.v = depth;
+    return {MemberFindings{}, corner};
+}
+
 // A top story of 2 m by 2 m above one of 6 m by 6 m covers a ninth.
 TEST(RemarksOnFindings, NoteAPenthouseAndABasement) {
     Findings findings = WithStories(2);
-    const auto plan = [](double size) {
-        MemberFindings corner;
-        corner.x = corner.v = size;
-        return std::vector<MemberFindings>{MemberFindings{}, corner};
-    };
-    findings.stories[0].members = plan(6000.0);
-    findings.stories[1].members = plan(2000.0);
+    findings.stories[0].members = MembersAround(6000.0, 6000.0);
+    findings.stories[1].members = MembersAround(2000.0, 2000.0);
     findings.floorLevels = {-3000.0, 500.0, 4000.0};
     findings.remarks = FormRemarks(findings);
     EXPECT_THAT(Find(findings, "R32").stories, ElementsAre(2));
     findings.groundLevel = 0.0;
-    findings.stories[1].members = plan(6000.0);
+    findings.stories[1].members = MembersAround(6000.0, 6000.0);
     findings.remarks = FormRemarks(findings);
     EXPECT_THAT(Find(findings, "R32").stories, ElementsAre(1));
     findings.stories.clear();
+    EXPECT_THAT(FormRemarks(findings), Not(Contains(testing::Field(&Remark::id, "R32"))));
+}
+
+// 4 m by 2 m above 8 m by 8 m; and a lowest level that is the ground's.
+TEST(RemarksOnFindings, CallAnEighthOfThePlanNoPenthouseAndTheGroundNoBasement) {
+    Findings findings = WithStories(2);
+    findings.stories[0].members = MembersAround(8000.0, 8000.0);
+    findings.stories[1].members = MembersAround(4000.0, 2000.0);
+    findings.floorLevels = {0.0, 3500.0, 7000.0};
+    findings.groundLevel = 0.0;
     EXPECT_THAT(FormRemarks(findings), Not(Contains(testing::Field(&Remark::id, "R32"))));
 }
 
