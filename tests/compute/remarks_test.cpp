@@ -420,6 +420,15 @@ TEST(RemarksOnFindings, CallAnEighthOfThePlanNoPenthouseAndTheGroundNoBasement) 
     EXPECT_THAT(FormRemarks(findings), Not(Contains(testing::Field(&Remark::id, "R32"))));
 }
 
+// The lower story's shear needs an answer that was not given: nothing says that it does not grow.
+TEST(RemarksOnFindings, CompareNoStoryShearThatIsMissing) {
+    Findings findings = WithStories(2);
+    findings.stories[1].directions[kX].storyShear = 100.0;
+    EXPECT_THAT(FormRemarks(findings), Not(Contains(testing::Field(&Remark::id, "R16"))));
+    findings.stories[0].directions[kX].storyShear = 100.0;
+    EXPECT_THAT(FormRemarks(findings), Contains(testing::Field(&Remark::id, "R16")));
+}
+
 TEST(RemarksOnFindings, NameWhatARecordingDoesNotAnswer) {
     Findings findings = WithStories(1);
     findings.end.missingAnswer = "the displacements of node 7 under load case 3";
