@@ -131,6 +131,12 @@ TEST_F(Remarks, NameMembersThatHardlyMoveAndAreMostOfTheStiffness) {
     EXPECT_THAT(Find(RunAsItIs(), "R09").en, HasSubstr("story 1 X member 4 (0.050 mm, 97.9%)"));
 }
 
+// Column 4 moves 0.05 mm with 0.01 kN: 0.2 kN/mm of 6.2.
+TEST_F(Remarks, DoNotNameMembersThatHardlyMoveAndAreLittleOfTheStiffness) {
+    host.Displace(2, 14, 0.00005, 0, 0).Force(2, 4, 0, 0, 0.01, 0);
+    EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R09")));
+}
+
 // A brace from the foot of column 1 to a node that moves twice as far: largest, and 20 % on the
 // mean.
 TEST_F(Remarks, NameALeaningMemberThatMovesMost) {
@@ -211,6 +217,15 @@ TEST_F(Remarks, NameACoefficientThatNoEarthquakeHas) {
     for (std::int32_t column = 1; column <= 4; ++column)
         host.Force(2, column, 0, 0, 4.9, 0);
     EXPECT_THAT(Find(RunAsItIs(), "R16").en, HasSubstr("story 1 X C = 0.049"));
+}
+
+// 5 kN of 100 kN in each column are C = 0.05, 100 kN are C = 1.
+TEST_F(Remarks, TakeATwentiethAndTheWholeWeightForCoefficients) {
+    for (const double force : {5.0, 100.0}) {
+        for (std::int32_t column = 1; column <= 4; ++column)
+            host.Force(2, column, 0, 0, force, 0);
+        EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R16"))) << force;
+    }
 }
 
 // Each story carries the same 206 kN in X.
@@ -386,6 +401,32 @@ TEST(RemarksOnFindings, NameARatioThatAReferencePutsOnTheOtherSideOfTheLimit) {
     EXPECT_THAT(Find(findings, "R30").en, HasSubstr("story 1 X (0.610, 0.590, 0.650)"));
 }
 
+// A story of two members: what the first moves and its share of a stiffness of 1000 kN/mm in X.
+Findings WithStiffness(double drift, double meanDrift, double stiffness) {
+    Findings findings = WithStories(1);
+    StoryFindings& story = findings.stories[0];
+    story.directions[kX].meanDrift = meanDrift;
+    story.members.resize(2);
+    story.members[0].drift[kX] = drift;
+    story.members[0].stiffness[kX] = stiffness;
+    story.members[1].drift[kX] = meanDrift;
+    story.members[1].stiffness[kX] = 1000.0 - std::abs(stiffness);
+    for (MemberFindings& member : story.members)
+        member.height = story.height;
+    return findings;
+}
+
+// R08 is for less than -0.1 % of the stiffness; R09 for less than 0.1 mm or 5 % of the mean, with
+// more than 5 % of the stiffness.
+TEST(RemarksOnFindings, SayNothingOfStiffnessesAtTheirLimits) {
+    for (Findings findings : {WithStiffness(7.0, 7.0, -1.0), WithStiffness(0.1, 2.0, 900.0),
+                              WithStiffness(1.0, 20.0, 900.0), WithStiffness(0.05, 20.0, 50.0)}) {
+        findings.remarks = FormRemarks(findings);
+        EXPECT_THAT(Ids(findings), Not(Contains("R08")));
+        EXPECT_THAT(Ids(findings), Not(Contains("R09")));
+    }
+}
+
 // Two members, which stand in opposite corners of a plan.
 std::vector<MemberFindings> MembersAround(double width, double depth) {
     MemberFindings corner;
@@ -521,8 +562,10 @@ TEST_F(ResultsFileThatIsChanged, MissesARowThatIsGone) {
 
 TEST(RemarkList, NamesTwelveAndCountsTheRest) {
     std::vector<BothLanguages> items(14, {"a", "b"});
-    EXPECT_THAT(Listed(items).en, testing::EndsWith("a, a and 2 more"));
-    EXPECT_THAT(Listed(items).ja, testing::EndsWith("b、b ほか 2 件"));
+    EXPECT_EQ("a, a, a, a, a, a, a, a, a, a, a, a and 2 more", Listed(items).en);
+    EXPECT_EQ("b、b、b、b、b、b、b、b、b、b、b、b ほか 2 件", Listed(items).ja);
+    items.resize(12);
+    EXPECT_EQ("a, a, a, a, a, a, a, a, a, a, a, a", Listed(items).en);
 }
 
 TEST(RemarkPlaces, JoinStoriesThatFollowEachOther) {
@@ -543,6 +586,7 @@ TEST(RemarkNumbers, SayOfGreatPercentagesOnlyThatTheyAreGreat) {
     EXPECT_EQ("98.5%", PercentOf(0.985).en);
     EXPECT_EQ("-12.0%", PercentOf(-0.12).ja);
     EXPECT_EQ("999.0%", PercentOf(9.99).en);
+    EXPECT_EQ("-999.0%", PercentOf(-9.99).en);
     EXPECT_EQ("more than 999%", PercentOf(1000.0).en);
     EXPECT_EQ("999%超", PercentOf(1000.0).ja);
     EXPECT_EQ("less than -999%", PercentOf(-1e9).en);
