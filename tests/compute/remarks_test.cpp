@@ -427,6 +427,29 @@ TEST(RemarksOnFindings, SayNothingOfStiffnessesAtTheirLimits) {
     }
 }
 
+// Of 100 kN: 5 kN upwards under an earthquake, 5 kN across, 2 kN sideways under the dead load.
+TEST(RemarksOnFindings, SayNothingOfLoadsAtTheirLimits) {
+    Findings findings = WithStories(1);
+    findings.stories[0].weightAbove = 100.0;
+    DirectionFindings& x = findings.stories[0].directions[kX];
+    x.verticalForce = 5.0;
+    x.shearOfStoryMembers = 100.0;
+    x.acrossShear = 5.0;
+    x.deadShear = 2.0;
+    findings.remarks = FormRemarks(findings);
+    for (const char* id : {"R12", "R13", "R14"})
+        EXPECT_THAT(Ids(findings), Not(Contains(id)));
+}
+
+// Cases that are exchanged act more across than along; as much is still a warning.
+TEST(RemarksOnFindings, WarnOfACaseThatActsAcrossAsMuchAsAlong) {
+    Findings findings = WithStories(1);
+    DirectionFindings& x = findings.stories[0].directions[kX];
+    x.shearOfStoryMembers = x.acrossShear = 100.0;
+    findings.remarks = FormRemarks(findings);
+    EXPECT_EQ(RemarkKind::kWarning, Find(findings, "R13").kind);
+}
+
 // Two members, which stand in opposite corners of a plan.
 std::vector<MemberFindings> MembersAround(double width, double depth) {
     MemberFindings corner;
