@@ -162,6 +162,19 @@ TEST_F(Remarks, NameObliqueMembersWithZVerticalOnly) {
     EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R11")));
 }
 
+// In the order of the members: 1 mm to both sides, a kilometre above the ground; one thousandth of
+// a millimetre in X and 3 m in Y, and the other way round.
+TEST(RemarksOnMembers, CallObliqueWhatLeansMoreThanAMillionthOfItsLengthToBothSides) {
+    FakeHost host;
+    host.zUp = true;
+    host.primaryLoadCases = {1, 2, 3};
+    host.Node(1, 0, 0, 1000, true).Node(2, 0.001, 0.001, 1003.5).Member(1, 1, 2);
+    host.Node(3, 1e-6, 3, 1003.5).Member(2, 1, 3).Node(4, 3, 1e-6, 1003.5).Member(3, 1, 4);
+    const Findings findings =
+        FindingsOf(host, kLoadCaseLines + "FloorLevel,1000000,1003500,\nFIN\n");
+    EXPECT_THAT(Find(findings, "R11").members, ElementsAre(1));
+}
+
 TEST_F(Remarks, NameACombinationAsEarthquakeCase) {
     EXPECT_THAT(Find(Run("EarthquakeLoadCaseNumber,2,101,\nFIN\n"), "R12").en,
                 HasSubstr("Earthquake case 101 (a combination) contains vertical load."));
@@ -448,6 +461,49 @@ TEST(RemarksOnFindings, WarnOfACaseThatActsAcrossAsMuchAsAlong) {
     x.shearOfStoryMembers = x.acrossShear = 100.0;
     findings.remarks = FormRemarks(findings);
     EXPECT_EQ(RemarkKind::kWarning, Find(findings, "R13").kind);
+}
+
+TEST(RemarksOnFindings, MeasureNoShareOfTheStoryShearWithoutTheMembersShears) {
+    Findings findings = WithStories(1);
+    findings.stories[0].members.resize(1);
+    findings.stories[0].directions[kX].storyShear = 100.0;
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Ids(findings), Not(Contains("R06")));
+}
+
+TEST(RemarksOnFindings, KnowNoMeanOfUprightMembersWhereAllLean) {
+    Findings findings = WithStories(1);
+    MemberFindings& brace = findings.stories[0].members.emplace_back();
+    brace.number = 5;
+    brace.drift[kX] = 7.0;
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Find(findings, "R10").en,
+                HasSubstr("story 1 X: leaning member 5, upright —, mean 0.0%"));
+}
+
+// The columns go 7 mm to one side and 7 mm to the other, the brace less.
+TEST(RemarksOnFindings, KnowNoShareOfAMeanThatIsNought) {
+    Findings findings = WithStories(1);
+    findings.stories[0].members.resize(3);
+    for (const std::size_t i : {0U, 1U}) {
+        findings.stories[0].members[i].upright = true;
+        findings.stories[0].members[i].drift[kX] = i == 0 ? 7.0 : -7.0;
+    }
+    findings.stories[0].members[2].drift[kX] = 1.0;
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Ids(findings), Not(Contains("R10")));
+}
+
+// A twentieth of the mean; and a hundredth of a millimetre, however little the story moves.
+TEST(RemarksOnFindings, CallFloorsRigidWhoseResidualIsAtTheLimit) {
+    Findings findings = WithStories(1);
+    DirectionFindings& x = findings.stories[0].directions[kX];
+    for (const auto& [mean, residual] : {std::pair{20.0, 1.0}, std::pair{0.1, 0.01}}) {
+        x.meanDrift = mean;
+        x.floorResidual = residual;
+        findings.remarks = FormRemarks(findings);
+        EXPECT_THAT(Ids(findings), Not(Contains("R20"))) << residual;
+    }
 }
 
 // Two members, which stand in opposite corners of a plan.
