@@ -506,6 +506,13 @@ TEST(RemarksOnFindings, CallFloorsRigidWhoseResidualIsAtTheLimit) {
     }
 }
 
+// Half a millimetre of 20: less than a twentieth, though more than 0.1 mm.
+TEST(RemarksOnFindings, NameAMemberThatHardlyMovesBesideTheMean) {
+    Findings findings = WithStiffness(0.5, 20.0, 900.0);
+    findings.remarks = FormRemarks(findings);
+    EXPECT_THAT(Find(findings, "R09").en, HasSubstr("(0.500 mm, 90.0%)"));
+}
+
 // Two members, which stand in opposite corners of a plan.
 std::vector<MemberFindings> MembersAround(double width, double depth) {
     MemberFindings corner;
