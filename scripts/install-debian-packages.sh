@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs those of the named Debian packages that are missing; says nothing when none is.
 # Usage: scripts/install-debian-packages.sh PACKAGE...
+# Where something else is installing, it waits for that, ten minutes at most.
 set -euo pipefail
 
 missing=()
@@ -24,7 +25,7 @@ log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 install() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -q --no-install-recommends "${missing[@]}" >"$log" 2>&1
+        apt-get -o DPkg::Lock::Timeout=600 install -y -q --no-install-recommends "${missing[@]}" >"$log" 2>&1
 }
 # A machine that was just set up has no package lists yet, an old one has outdated lists.
 if ! install; then

@@ -4,9 +4,9 @@
 #   stop_wine            ends both; also called when the script that sourced this ends
 # Nothing of the user's own Wine prefix or display is touched.
 #
-# Whatever a program does with a file, Wine's server does for it, one request after the other; the two wait
-# for each other all the time, and on two processors each time for one to wake up. The server keeps to
-# WINE_SERVER_PROCESSOR, and who works with many files is quickest there, too: in two fifths to three
+# Whatever a program does with a file, Wine's server does for it, one request after the other; the two
+# wait for each other all the time, and on two processors each time for one to wake up. The server keeps
+# to WINE_SERVER_PROCESSOR, and who works with many files is quickest there, too: in two fifths to three
 # quarters of the time.
 
 start_wine() {
@@ -15,9 +15,9 @@ start_wine() {
     # Windows draw their own captions, as they do on Windows.
     wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
     wineserver -w
-    # The services stay up between tests, started by a process that is not a test.
     WINE_SERVER_PROCESSOR=$(taskset -cp $$ | sed 's/.*: //; s/[,-].*//')
     export WINE_SERVER_PROCESSOR
+    # The services stay up between tests, started by a process that is not a test.
     taskset -c "$WINE_SERVER_PROCESSOR" wineserver -p
     wine cmd /c exit >/dev/null 2>&1 </dev/null
 }

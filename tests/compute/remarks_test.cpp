@@ -414,7 +414,8 @@ TEST(RemarksOnFindings, NameARatioThatAReferencePutsOnTheOtherSideOfTheLimit) {
     EXPECT_THAT(Find(findings, "R30").en, HasSubstr("story 1 X (0.610, 0.590, 0.650)"));
 }
 
-// A story of two members: what the first moves and its share of a stiffness of 1000 kN/mm in X.
+// A story of two members in X: the drift and the stiffness of the first, whose stiffness and the
+// second's are 1000 kN/mm together in amount.
 Findings WithStiffness(double drift, double meanDrift, double stiffness) {
     Findings findings = WithStories(1);
     StoryFindings& story = findings.stories[0];

@@ -4,7 +4,7 @@
 #        packages_test.sh FOLDER --list           their names
 #        packages_test.sh FOLDER --prepare BIN    makes in FOLDER what the cases need: the packages, a
 #                                                 clean Wine prefix, and small installers
-#        packages_test.sh FOLDER --list-of-copy   the names of those that need the packages of a copy, too
+#        packages_test.sh FOLDER --list-of-copy   those that need the packages of a copy, too
 #        packages_test.sh FOLDER --prepare-copy   makes these in FOLDER-of-a-copy
 # The display comes from the caller (./test).
 set -uo pipefail
