@@ -95,6 +95,18 @@ void RunningSheet::Drop(const std::vector<std::filesystem::path>& files) const {
     PostMessageW(window_, WM_DROPFILES, reinterpret_cast<WPARAM>(place), 0);
 }
 
+// The window's thread answers this message between two others: what it has begun to show is then
+// shown in whole.
+void RunningSheet::WaitUntil(const std::string& what,
+                             const std::function<bool()>& condition) const {
+    WaitFor(what, [&] {
+        if (!condition()) return false;
+        SendMessageTimeoutW(window_, WM_NULL, 0, 0, SMTO_NORMAL, 60000, nullptr);
+        return condition();
+    });
+}
+
+// The text too is read between two messages.
 void RunningSheet::WaitForText(int id, const std::wstring& part) const {
     try {
         WaitFor("a text", [&] { return Text(id).find(part) != std::wstring::npos || HasEnded(); });
@@ -105,7 +117,7 @@ void RunningSheet::WaitForText(int id, const std::wstring& part) const {
 }
 
 void RunningSheet::WaitForControl(int id) const {
-    WaitFor("control " + std::to_string(id), [&] { return IsShown(id); });
+    WaitUntil("control " + std::to_string(id), [&] { return IsShown(id); });
 }
 
 Popup RunningSheet::WaitForPopup() const {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,10 @@ public:
 
     /// Drops files on the window.
     void Drop(const std::vector<std::filesystem::path>& files) const;
+
+    /// Waits until `condition` holds when the window has shown all of what it has begun to show:
+    /// its controls change one after the other, and a glance may fall between two of them.
+    void WaitUntil(const std::string& what, const std::function<bool()>& condition) const;
 
     /// Waits for a text in what a control shows.
     void WaitForText(int id, const std::wstring& part) const;

@@ -59,8 +59,9 @@ protected:
 
     // "Again" is seen when a run has ended, and with the errors of an input file.
     void WaitForTheEndOfTheRun() {
-        WaitFor("the end of the run",
-                [this] { return sheet_->IsShown(IDC_AGAIN) && !sheet_->IsShown(IDC_RUN_ANYWAY); });
+        sheet_->WaitUntil("the end of the run", [this] {
+            return sheet_->IsShown(IDC_AGAIN) && !sheet_->IsShown(IDC_RUN_ANYWAY);
+        });
     }
 
     UnicodeFolder folder_;
