@@ -30,9 +30,8 @@ std::string ModelCell(const Sheet& sheet) {
     const SheetContent& content = sheet.content;
     const bool isRecording = content.run.fromRecording;
     std::string html;
-    if (!content.hostModelPath.empty() && content.hostModelPath != content.model.path)
-        html += Path(content.hostModelPath) + " ";
-    html += Path(content.model.path) + " ";
+    for (const std::string& path : PathsOfModel(content))
+        html += Path(path) + " ";
     if (content.model.sha256) return html + Digest(content.model.sha256);
     return html + (isRecording ? std::string(kNoFigure) : kNoFigure + InBoth(Text("live host")));
 }

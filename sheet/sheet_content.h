@@ -69,3 +69,12 @@ struct SheetContent {
     SheetLines sheetLines;
     SheetOptions options;
 };
+
+/// The model's paths: on its host's machine, where that is another one, and where it was read.
+inline std::vector<std::string> PathsOfModel(const SheetContent& content) {
+    std::vector<std::string> paths;
+    if (!content.hostModelPath.empty() && content.hostModelPath != content.model.path)
+        paths.push_back(content.hostModelPath);
+    paths.push_back(content.model.path);
+    return paths;
+}

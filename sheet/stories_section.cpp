@@ -42,9 +42,9 @@ std::string StoryRow(const Sheet& sheet, const StoryFindings& story, const std::
 
 // More stories than that make the first page tight.
 std::string Density(const Sheet& sheet) {
-    constexpr std::size_t kMostWithRoom = 5;
+    const std::size_t mostWithRoom = IsFirstPageCrowded(sheet) ? 3 : 5;
     const bool isTight =
-        sheet.StoryCount() > kMostWithRoom && sheet.StoryCount() <= kMostStoriesOnFirstPage;
+        sheet.StoryCount() > mostWithRoom && sheet.StoryCount() <= kMostStoriesOnFirstPage;
     return isTight ? " quiet tight" : "";
 }
 

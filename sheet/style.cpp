@@ -81,9 +81,11 @@ table.head{font-size:7.7pt}
 .alarm{color:#a00000;font-weight:bold}
 .errors ul{margin:0.5mm 0;padding-left:4mm}
 .todo{display:block}
-.crowded table.head td,.crowded table.head th{padding-top:0;padding-bottom:0}
+.crowded table.head{font-size:7pt}
+.crowded table.head .digest{font-size:6.8pt}
+.crowded table.head td,.crowded table.head th{padding-top:0;padding-bottom:0;line-height:1.1}
 .crowded .write{height:4mm}
-.crowded h1{margin-bottom:1mm;padding-bottom:0.5mm}
+.crowded h1{font-size:14pt;margin-bottom:0.8mm;padding-bottom:0.3mm}
 .crowded #S1>h2,.crowded #S2>h2{margin:1.5mm 0 0.8mm}
 .crowded .overall{padding:0.2mm 3mm;margin:0.6mm 0 1mm}
 .crowded .overall .counts{font-size:10pt;margin-left:2mm}
@@ -95,7 +97,7 @@ table.head{font-size:7.7pt}
 .crowded .errors .todo,.crowded .errors .en.below{display:inline}
 .crowded .errors .todo{margin-left:1mm}
 .crowded #S1 td,.crowded #S1 th{padding-top:0.2mm;padding-bottom:0.2mm}
-.crowded .extent,.crowded .footnote{font-size:7.2pt;line-height:1.15}
+.crowded .extent,.crowded .footnote{font-size:7pt;line-height:1.1}
 .crowded #S2 .figures,.crowded #S2 .legends{margin:0}
 .crowded .tight tbody{font-size:6.9pt}
 .crowded .tight tbody td,.crowded .tight tbody th{line-height:1.06}
@@ -195,7 +197,7 @@ section>table{min-width:172mm}
 )css";
 
 const std::string_view kStyleOfCrowdedFirstPage =
-    "@page:first{margin-top:10mm;margin-bottom:12mm}\n";
+    "@page:first{margin-top:10mm;margin-bottom:11mm}\n";
 
 std::string StyleWithFoot(std::string_view foot) {
     constexpr std::string_view kPlace = "PAGE_FOOT";

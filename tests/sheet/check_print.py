@@ -1,10 +1,15 @@
 #!/usr/bin/env python3
-"""check_print.py QUARNEL_CLI EXAMPLES: calculation sheets as a real browser prints them.
+"""check_print.py QUARNEL_CLI EXAMPLES CASES: calculation sheets as a real browser prints them.
 
-A headless Chromium prints the sheet of each example in each language to A4, and of towers of 3, 5,
-9 and 30 stories, with a log of everything that it asks the network for. Looked at is what came out:
-the paper, the number of pages, that all text lies between the margins, that no row of a table is
-split by a page's end, that there is Japanese text, and that the page asked nobody for anything.
+A headless Chromium prints sheets to A4, with a log of everything that it asks the network for:
+
+    examples  of each example, one of them in each language
+    towers    of towers of 3 to 30 stories, whose files lie deep in folders, too
+    errors    of towers with errors in the input file, which stand on the first page
+
+Looked at is what came out: the paper, the number of pages, that all text lies between the margins,
+that no row of a table is split by a page's end, that there is Japanese text, and that the page
+asked nobody for anything.
 """
 
 import json
@@ -172,31 +177,49 @@ def check(cli, browser, model, input_text, language, folder):
     yield from split_rows(printed, rows)
 
 
-def cases(examples):
-    """Name, model file, input file and language of each sheet."""
+# As offices keep their files: each path takes two lines at the head of the sheet.
+DEEP_FOLDER = ("ユーザー/山田太郎/構造計算書/2026年度/千代田区神田駿河台計画新築工事/解析モデル/"
+               "third submission with the remarks of the reviewer")
+
+
+def cases_of_examples(examples):
     for model in sorted(examples.glob("*.qhm")):
         for language in ("both", "ja", "en") if model.stem.startswith("five") else ("both",):
             yield (model.name, model.read_text(encoding="utf-8"),
                    model.with_suffix(".csv").read_text(encoding="utf-8"), language)
     office = (examples / "five_story_office_z_up.qhm").read_text(encoding="utf-8")
     yield "floors that are none", office, FLOORS_THAT_ARE_NONE, "both"
+
+
+def cases_of_towers(_):
     for stories, language in ((3, "ja"), (5, "en"), (8, "both"), (9, "both"), (30, "both")):
         yield f"tower of {stories}", tower(stories), INPUT, language
+    yield "tower of 8 deep in folders", tower(8), INPUT, "both", DEEP_FOLDER
+
+
+def cases_of_errors(_):
     for stories, language in ((2, "both"), (5, "both"), (8, "both"), (8, "en")):
         yield f"tower of {stories} with errors", tower(stories), ONE_CASE_TWICE, language
+    yield "tower of 8 with errors deep in folders", tower(8), ONE_CASE_TWICE, "both", DEEP_FOLDER
+
+
+# Name, model file, input file and language of each sheet, and its folder where that matters.
+CASES = {"examples": cases_of_examples, "towers": cases_of_towers, "errors": cases_of_errors}
 
 
 def main():
-    cli, examples = Path(sys.argv[1]), Path(sys.argv[2])
+    cli, examples, cases = Path(sys.argv[1]), Path(sys.argv[2]), CASES[sys.argv[3]]
     browser = next((found for name in BROWSERS if (found := shutil.which(name))), None)
     if browser is None:
         print("there is no Chromium: install Debian's chromium, or start ./test, which does")
         return 1
     problems = []
-    for name, model, input_text, language in cases(examples):
-        with tempfile.TemporaryDirectory() as folder:
+    for name, model, input_text, language, *deep in cases(examples):
+        with tempfile.TemporaryDirectory() as temporary:
+            folder = Path(temporary, *deep)
+            folder.mkdir(parents=True, exist_ok=True)
             problems += [f"{name} {language}: {problem}" for problem in
-                         check(cli, browser, model, input_text, language, Path(folder))]
+                         check(cli, browser, model, input_text, language, folder)]
     print("\n".join(problems[:40]))
     return 1 if problems else 0
 

@@ -197,12 +197,29 @@ TEST_F(CalculationSheet, IsTheSameInAFileAsInMemory) {
     EXPECT_EQ(SheetHtml(content), folder.Read("sheet.html"));
 }
 
-TEST_F(CalculationSheet, CrowdsItsFirstPageOnlyForErrors) {
+TEST_F(CalculationSheet, CrowdsItsFirstPageForErrors) {
     SheetContent content = ContentOfRun(host, kSmallBuildingInput);
     EXPECT_THAT(SheetHtml(content), Not(HasSubstr("<main class=\"crowded\">")));
     content.findings.remarks.emplace_back().kind = RemarkKind::kError;
     EXPECT_THAT(SheetHtml(content), HasSubstr("<main class=\"crowded\">"));
     EXPECT_THAT(SheetHtml(content), HasSubstr("@page:first{"));
+}
+
+// Two paths of 100 letters add two lines to a first page that has room for one.
+TEST_F(CalculationSheet, CrowdsItsFirstPageForTheLongPathsOfABuildingOfEightStories) {
+    SheetContent content = ContentOfRun(host, kSmallBuildingInput);
+    content.findings.stories.resize(8, content.findings.stories.front());
+    EXPECT_THAT(SheetHtml(content), Not(HasSubstr("<main class=\"crowded\">")));
+    content.input.path = std::string(100, 'p');
+    EXPECT_THAT(SheetHtml(content), Not(HasSubstr("<main class=\"crowded\">")));
+    content.model.path = std::string(100, 'p');
+    EXPECT_THAT(SheetHtml(content), HasSubstr("<main class=\"crowded\">"));
+}
+
+TEST_F(CalculationSheet, HasRoomForTheLongPathsOfALowBuilding) {
+    SheetContent content = ContentOfRun(host, kSmallBuildingInput);
+    content.input.path = content.model.path = std::string(100, 'p');
+    EXPECT_THAT(SheetHtml(content), Not(HasSubstr("<main class=\"crowded\">")));
 }
 
 TEST_F(CalculationSheet, MarksTheRowsThatTheResultsFileDoesNotHold) {
