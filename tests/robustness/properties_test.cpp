@@ -115,12 +115,12 @@ TEST_F(Properties, ScaledForcesOfOneEarthquakeScaleItsShearAndStiffness) {
 TEST_F(Properties, ScaledForcesOfOneEarthquakeLeaveTheCenterOfRigidity) {
     constexpr double kFactor = 0.37;
     ForEachBuilding([this](const Building& building) {
+        const CheckedBuilding original(building, folder_);
         for (const std::int32_t earthquake : {building.earthquakeX, building.earthquakeZ}) {
             Building scaled = building;
             for (auto& [key, force] : scaled.forces)
                 if (std::get<0>(key) == earthquake)
                     force = {kFactor * force.x, kFactor * force.z, kFactor * force.up};
-            const CheckedBuilding original(building, folder_);
             const CheckedBuilding changed(scaled, folder_);
             for (std::size_t i = 0; i < original.Stories().size(); ++i)
                 for (const std::size_t axis : {kX, kZ})
