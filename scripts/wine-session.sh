@@ -14,6 +14,12 @@ start_wine() {
     start_prefix "$1"
     # Windows draw their own captions, as they do on Windows.
     wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
+    # Temporary files go where this system's go.
+    ln -sfn "${TMPDIR:-/tmp}" "$WINEPREFIX/drive_c/temporary"
+    local variable
+    for variable in TEMP TMP; do
+        wine reg add 'HKCU\Environment' /v "$variable" /d 'C:\temporary' /f >/dev/null 2>&1
+    done
     wineserver -w
     WINE_SERVER_PROCESSOR=$(taskset -cp $$ | sed 's/.*: //; s/[,-].*//')
     export WINE_SERVER_PROCESSOR
