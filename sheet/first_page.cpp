@@ -7,8 +7,9 @@
 
 namespace {
 
-constexpr double kGreatestHeightOfElevation = 95.0;  // mm
-constexpr double kSmallestHeight = 26.0;             // the names of nine levels have room beside it
+// Lengths on paper, mm.
+constexpr double kGreatestHeightOfElevation = 95.0;
+constexpr double kSmallestHeight = 26.0;  // the names of nine levels have room beside it
 constexpr double kSmallestCrowded = 22.0;
 constexpr double kRoomOfAll = 70.0;   // without stories
 constexpr double kRoomOfStory = 7.6;  // its two rows

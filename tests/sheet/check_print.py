@@ -46,9 +46,9 @@ TOLERANCE_MM = 0.4
 WORD = re.compile(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">(.*?)<')
 
 
-def run(*command):
+def run(*command, folder=None):
     return subprocess.run([str(word) for word in command], capture_output=True, text=True,
-                          check=True, timeout=300).stdout
+                          check=True, timeout=300, cwd=folder).stdout
 
 
 def print_page(browser, page, folder):
@@ -139,12 +139,16 @@ def split_rows(printed, rows):
             yield f"row {row} of the page is split, or not printed: {marks}"
 
 
-def check(cli, browser, model, input_text, language, folder):
-    copy, input_file = folder / "tower.qhm", folder / "input.csv"
-    copy.write_text(model, encoding="utf-8")
-    input_file.write_text(input_text, encoding="utf-8")
+def check(cli, browser, model, input_text, language, start, *deep):
+    """`deep` is below `start`, and in the sheet's paths; `start` is not, whose length no test knows."""
+    below = Path(*deep)
+    folder = start / below
+    folder.mkdir(parents=True, exist_ok=True)
+    (folder / "tower.qhm").write_text(model, encoding="utf-8")
+    (folder / "input.csv").write_text(input_text, encoding="utf-8")
     page, figures = folder / "sheet.html", folder / "figures.json"
-    run(cli, "sheet", copy, input_file, page, "--lang", language, "--json", figures)
+    run(cli, "sheet", below / "tower.qhm", below / "input.csv", page, "--lang", language,
+        "--json", figures, folder=start)
     marked, rows = with_marked_rows(page.read_text(encoding="utf-8"))
     page.write_text(marked, encoding="utf-8")
     printed, asked = print_page(browser, page, folder)
@@ -208,18 +212,16 @@ CASES = {"examples": cases_of_examples, "towers": cases_of_towers, "errors": cas
 
 
 def main():
-    cli, examples, cases = Path(sys.argv[1]), Path(sys.argv[2]), CASES[sys.argv[3]]
+    cli, examples, cases = Path(sys.argv[1]).resolve(), Path(sys.argv[2]), CASES[sys.argv[3]]
     browser = next((found for name in BROWSERS if (found := shutil.which(name))), None)
     if browser is None:
         print("there is no Chromium: install Debian's chromium, or start ./test, which does")
         return 1
     problems = []
     for name, model, input_text, language, *deep in cases(examples):
-        with tempfile.TemporaryDirectory() as temporary:
-            folder = Path(temporary, *deep)
-            folder.mkdir(parents=True, exist_ok=True)
+        with tempfile.TemporaryDirectory() as start:
             problems += [f"{name} {language}: {problem}" for problem in
-                         check(cli, browser, model, input_text, language, folder)]
+                         check(cli, browser, model, input_text, language, Path(start), *deep)]
     print("\n".join(problems[:40]))
     return 1 if problems else 0
 
