@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes a new folder in memory, where 6 GiB of both are free, and prints its path; without, it says
-# nothing and ends with 1. Whoever asked for it removes it.
+# Makes a new folder in memory, where 6 GiB of it are free and programs may be started from it, and
+# prints its path; else it says nothing and ends with 1. Whoever asked for it removes it.
 set -euo pipefail
 needed_kib=$((6 * 1024 * 1024))
 
@@ -9,4 +9,9 @@ needed_kib=$((6 * 1024 * 1024))
 free_kib=$(df -k --output=avail /dev/shm | tail -n 1)
 available_kib=$(sed -n 's/^MemAvailable: *\([0-9]*\) kB$/\1/p' /proc/meminfo)
 [ "$free_kib" -ge "$needed_kib" ] && [ "${available_kib:-0}" -ge "$needed_kib" ] || exit 1
-mktemp -d /dev/shm/quarnel-XXXXXX
+folder=$(mktemp -d /dev/shm/quarnel-XXXXXX)
+printf '#!/bin/sh\n' >"$folder/program"
+chmod +x "$folder/program"
+"$folder/program" 2>/dev/null || { rm -r "$folder"; exit 1; }
+rm "$folder/program"
+echo "$folder"
