@@ -140,6 +140,12 @@ TEST_F(SmallBuildingFigures, HoldTheExtentOfTheBuilding) {
     EXPECT_THAT(findings.extent.slenderness, Near(0.875));
 }
 
+// From the lowest floor to the highest, not from the ground: 3500 - 1000 mm.
+TEST_F(SmallBuildingFigures, MeasureTheHeightOfTheBuildingFromItsLowestFloor) {
+    Story(kLoadCaseLines + "FloorLevel,1000,3500,\nFIN\n");
+    EXPECT_THAT(findings.extent.height, Near(2500.0));
+}
+
 // Columns carry 200 kN in story 1 and 100 kN in story 2; both stories have shears of 50 to 53 kN.
 TEST(TwoStoryFigures, SayWhatEachFloorAddsToWeightAndShear) {
     FakeHost host;

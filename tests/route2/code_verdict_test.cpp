@@ -47,7 +47,8 @@ TEST(CodeVerdict, OfWhatWasNotFormedIsUndetermined) {
 TEST(CodeVerdict, AllowsNoMoreThanTheInputFileAndTheReliefOfTheCode) {
     EXPECT_EQ(1.0 / 200.0, CodeAllowableAngle(1.0 / 200.0));
     EXPECT_EQ(1.0 / 150.0, CodeAllowableAngle(1.0 / 150.0));  // a relief
-    EXPECT_EQ(0.008334, CodeAllowableAngle(0.008334));    // 1/120 = 0.0083333..., as it is written
+    EXPECT_EQ(0.008334, CodeAllowableAngle(0.008334));  // 1/120 = 0.0083333..., as it is written
+    EXPECT_EQ(1.0 / 120.0 * 1.0001, CodeAllowableAngle(1.0 / 120.0 * 1.0001));  // not a bit more
     EXPECT_EQ(1.0 / 120.0, CodeAllowableAngle(0.00835));  // 1/119.8: more than a rounding
     EXPECT_EQ(1.0 / 120.0, CodeAllowableAngle(1.0 / 100.0));
     EXPECT_EQ(1.0 / 200.0, CodeAllowableAngle(1.0 / 300.0));  // the code asks for no less
