@@ -10,7 +10,8 @@
 /// Above that many stories they have a page of their own.
 inline constexpr std::size_t kMostStoriesOnFirstPage = 8;
 
-/// Whether stories share the page with errors: all of it is then set closer.
+/// Whether stories share the page with errors, or with more long paths and names than it has room
+/// for: all of it is then set closer.
 bool IsFirstPageCrowded(const Sheet& sheet);
 
 /// How high the building may be drawn so that the first page holds everything up to the tables,

@@ -96,7 +96,7 @@ void MeanDrift(Comparison& comparison, const TextbookStory& textbook, const Stor
     }
 }
 
-// The engine does not treat those of at least a millimetre otherwise on purpose.
+// Where members go back, or hardly go at all, the engine finds something else on purpose.
 void LargestDriftWhereAllMembersGoForward(Comparison& comparison, const TextbookStory& textbook,
                                           const StoryInfo& story, const AijCodeRoute2& engine) {
     for (std::size_t i = 0; i < engine.loadCaseNumbers.size(); ++i) {

@@ -140,7 +140,7 @@ def split_rows(printed, rows):
 
 
 def check(cli, browser, model, input_text, language, start, *deep):
-    """`deep` is below `start`, and in the sheet's paths; `start` is not, whose length no test knows."""
+    """The sheet's paths begin with `deep`, not with `start`, whose length no test knows."""
     below = Path(*deep)
     folder = start / below
     folder.mkdir(parents=True, exist_ok=True)
