@@ -66,9 +66,6 @@ private:
                   bool isSame, bool isVerdict);
     void CompareRemarks();
     std::string MovedCenters(const StoryRead& a, const StoryRead& b, std::size_t axis) const;
-    std::string DirectionName(std::size_t axis) const {
-        return axis == 0 ? "X" : b_.secondDirection;
-    }
 
     const RunRead& a_;
     const RunRead& b_;
@@ -90,14 +87,23 @@ std::string Judged(const std::string& figure, CodeVerdict code,
     return text;
 }
 
+constexpr const char* kNotKnown = "not known";  // of a run that ended before it asked
+
+std::string CaseText(const std::optional<std::int32_t>& number) {
+    return number ? std::to_string(*number) : kNotKnown;
+}
+
+std::string AxisText(const std::string& axis) {
+    return axis.empty() ? kNotKnown : axis;
+}
+
 void Comparer::CompareInputs() {
     AddFile(ChangeSection::kInput, "input file", a_.inputPath, a_.inputSha256, b_.inputPath,
             b_.inputSha256);
     const std::string roles[] = {"dead load case", "earthquake load case, X",
-                                 "earthquake load case, " + b_.secondDirection};
+                                 "earthquake load case, " + DirectionName(a_, b_, 1)};
     for (std::size_t i = 0; i < a_.loadCases.size(); ++i)
-        Add(ChangeSection::kInput, roles[i], std::to_string(a_.loadCases[i]),
-            std::to_string(b_.loadCases[i]));
+        Add(ChangeSection::kInput, roles[i], CaseText(a_.loadCases[i]), CaseText(b_.loadCases[i]));
     ForEachPair([this](const StoryRead& a, const StoryRead& b) { CompareAllowableValues(a, b); });
 }
 
@@ -122,7 +128,8 @@ std::string LevelsOf(const StoryRead& story) {
 void Comparer::CompareModels() {
     AddFile(ChangeSection::kModel, "model", a_.modelPath, a_.modelSha256, b_.modelPath,
             b_.modelSha256);
-    Add(ChangeSection::kModel, "vertical axis", a_.verticalAxis, b_.verticalAxis);
+    Add(ChangeSection::kModel, "vertical axis", AxisText(a_.verticalAxis),
+        AxisText(b_.verticalAxis));
     Add(ChangeSection::kModel, "units of the host", a_.hostUnits, b_.hostUnits);
     Add(ChangeSection::kModel, "nodes", CountText(static_cast<std::uintmax_t>(a_.nodes)),
         CountText(static_cast<std::uintmax_t>(b_.nodes)));
@@ -165,8 +172,7 @@ void Comparer::AddCheck(const std::string& what, const std::string& before,
 // How far G and R have moved across the direction, where that is what the modulus is about.
 std::string Comparer::MovedCenters(const StoryRead& a, const StoryRead& b, std::size_t axis) const {
     const std::size_t across = 1 - axis;
-    const std::string plan =
-        across == 0 ? "x" : std::string(1, b_.secondDirection == "Z" ? 'z' : 'y');
+    const std::string plan = across == 0 ? "x" : DirectionName(a_, b_, 1) == "Z" ? "z" : "y";
     std::string text;
     const auto add = [&](const char* name, const FigureRead& from, const FigureRead& to) {
         if (!from || !to || !(std::abs(*to - *from) >= kCenterMoved)) return;
@@ -183,7 +189,7 @@ std::string Comparer::MovedCenters(const StoryRead& a, const StoryRead& b, std::
 void Comparer::CompareDirection(const StoryRead& a, const StoryRead& b, std::size_t axis) {
     const DirectionRead& before = a.directions.at(axis);
     const DirectionRead& after = b.directions.at(axis);
-    const std::string name = StoryName(a, b) + ", " + DirectionName(axis) + ": ";
+    const std::string name = StoryName(a, b) + ", " + DirectionName(a_, b_, axis) + ": ";
     AddCheck(name + "angle",
              Judged(AngleTextOf(a, before, kTerminalNumbers), before.angleCode, before.angleTool),
              Judged(AngleTextOf(b, after, kTerminalNumbers), after.angleCode, after.angleTool),
@@ -247,6 +253,13 @@ void Comparer::CompareRemarks() {
 }
 
 }  // namespace
+
+std::string DirectionName(const RunRead& a, const RunRead& b, std::size_t axis) {
+    if (axis == 0) return "X";
+    for (const RunRead* run : {&b, &a})
+        if (!run->secondDirection.empty()) return run->secondDirection;
+    return "2";
+}
 
 bool IsSame(const FigureRead& a, const FigureRead& b, double tolerance) {
     if (!a || !b) return a.has_value() == b.has_value();

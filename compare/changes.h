@@ -31,5 +31,9 @@ struct Comparison {
 /// greater amount, and their verdicts are the same.
 Comparison CompareRuns(const RunRead& a, const RunRead& b, double tolerance);
 
+/// Name of a plan direction of two runs: X, or what B calls the second one; A where B does not
+/// know.
+std::string DirectionName(const RunRead& a, const RunRead& b, std::size_t axis);
+
 /// Whether two figures count as the same.
 bool IsSame(const FigureRead& a, const FigureRead& b, double tolerance);

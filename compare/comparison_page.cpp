@@ -73,7 +73,7 @@ private:
         return pair.b ? &b_.stories[*pair.b] : nullptr;
     }
 
-    std::string DirectionOf(std::size_t axis) const { return axis == 0 ? "X" : b_.secondDirection; }
+    std::string DirectionOf(std::size_t axis) const { return DirectionName(a_, b_, axis); }
 
     // "3", or "2 → 3" where the numbers differ.
     std::string NumberOf(const StoryPair& pair) const {
@@ -197,7 +197,7 @@ std::string Page::Check(const PageCheck& check) const {
 std::string Page::Plans() const {
     std::string html = Element("h2", {}, InBoth({"重心と剛心", "Centres of gravity and rigidity"}));
     for (auto pair = comparison_.stories.rbegin(); pair != comparison_.stories.rend(); ++pair)
-        html += Element("figure", {}, PlanDrawing(OfA(*pair), OfB(*pair), b_.secondDirection));
+        html += Element("figure", {}, PlanDrawing(OfA(*pair), OfB(*pair), DirectionOf(1)));
     return html;
 }
 

@@ -46,6 +46,11 @@ std::string ReadText(JsonReader& reader) {
     return reader.ReadString("expected a text or null");
 }
 
+std::optional<std::int32_t> ReadIdentifier(JsonReader& reader) {
+    if (reader.ReadNull()) return std::nullopt;
+    return reader.ReadInteger();
+}
+
 CodeVerdict ReadCode(JsonReader& reader) {
     const std::string text = reader.ReadString("expected a verdict");
     for (const CodeVerdict verdict :
@@ -73,10 +78,7 @@ std::array<FigureRead, 2> ReadPair(JsonReader& reader) {
 
 DirectionRead ReadDirection(JsonReader& reader) {
     DirectionRead read;
-    const Readers worst{{"member",
-                         [&] {
-                             if (!reader.ReadNull()) read.worstMember = reader.ReadInteger();
-                         }},
+    const Readers worst{{"member", [&] { read.worstMember = ReadIdentifier(reader); }},
                         {"drift_mm", [&] { read.worstDrift = ReadFigure(reader); }},
                         {"angle", [&] { read.angle = ReadFigure(reader); }},
                         {"allowable", [&] { read.angleLimit = ReadValue(reader); }},
@@ -173,9 +175,9 @@ void ReadRest(JsonReader& reader, RunRead& run) {
                         {"sha256", [&] { run.inputSha256 = ReadText(reader); }}};
     const Readers end{{"complete", [&] { run.complete = reader.ReadBoolean(); }},
                       {"failure", [&] { run.failure = ReadText(reader); }}};
-    const Readers cases{{"dead", [&] { run.loadCases[0] = reader.ReadInteger(); }},
-                        {"x", [&] { run.loadCases[1] = reader.ReadInteger(); }},
-                        {"second", [&] { run.loadCases[2] = reader.ReadInteger(); }},
+    const Readers cases{{"dead", [&] { run.loadCases[0] = ReadIdentifier(reader); }},
+                        {"x", [&] { run.loadCases[1] = ReadIdentifier(reader); }},
+                        {"second", [&] { run.loadCases[2] = ReadIdentifier(reader); }},
                         {"secondDirection", [&] { run.secondDirection = ReadText(reader); }}};
     const Readers verdict{{"code", [&] { run.code = ReadCode(reader); }},
                           {"tool", [&] { run.tool = ReadTool(reader); }}};

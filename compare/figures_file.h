@@ -66,8 +66,8 @@ struct RunRead {
     std::string path;  ///< of the JSON file
     std::string made;
     std::string modelPath;
-    std::string modelSha256;  ///< empty: not known
-    std::string verticalAxis;
+    std::string modelSha256;   ///< empty: not known
+    std::string verticalAxis;  ///< "Y" or "Z"; empty: the run ended before it knew
     std::string hostUnits;
     double nodes = 0;
     double members = 0;
@@ -75,8 +75,8 @@ struct RunRead {
     std::string inputSha256;  ///< empty: not known
     bool complete = false;
     std::string failure;
-    std::array<std::int32_t, 3> loadCases{};  ///< dead, X, second
-    std::string secondDirection;              ///< "Y" or "Z"
+    std::array<std::optional<std::int32_t>, 3> loadCases;  ///< dead, X, second; none: not read
+    std::string secondDirection;  ///< "Y" or "Z"; empty: the run ended before it knew
     CodeVerdict code = CodeVerdict::kUndetermined;
     std::optional<ToolVerdict> tool;
     std::vector<StoryRead> stories;  ///< lowest first

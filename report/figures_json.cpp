@@ -136,10 +136,20 @@ Json OfRemarks(const std::vector<Remark>& remarks) {
 Json OfModel(const Findings& findings, const RunDescription& run) {
     return {{"path", run.modelPath},
             {"sha256", OrNull(run.modelSha256)},
-            {"verticalAxis", findings.zIsVertical ? "Z" : "Y"},
+            {"verticalAxis", findings.axisKnown ? Json(findings.zIsVertical ? "Z" : "Y") : Json()},
             {"hostUnits", findings.inchUnits ? "inch,kip" : "m,kN"},
             {"nodes", findings.nodes.size()},
             {"members", findings.members.size()}};
+}
+
+Json OfLoadCases(const Findings& findings) {
+    const LoadCaseFindings& cases = findings.loadCases;
+    const auto number = [&](std::int32_t read) { return cases.inputRead ? Json(read) : Json(); };
+    return {{"dead", number(cases.dead)},
+            {"x", number(cases.earthquake[kX])},
+            {"second", number(cases.earthquake[kZ])},
+            {"secondDirection",
+             findings.axisKnown ? Json(std::string(1, findings.SecondDirection())) : Json()}};
 }
 
 Json OfVerdict(const Findings& findings) {
@@ -163,11 +173,7 @@ std::string FiguresJson(const Findings& findings, const RunDescription& run) {
         {"source", run.fromRecording ? "recording" : "host"},
         {"run",
          {{"complete", end.complete}, {"failure", end.complete ? Json() : Json(end.failure)}}},
-        {"loadCases",
-         {{"dead", findings.loadCases.dead},
-          {"x", findings.loadCases.earthquake[kX]},
-          {"second", findings.loadCases.earthquake[kZ]},
-          {"secondDirection", std::string(1, findings.SecondDirection())}}},
+        {"loadCases", OfLoadCases(findings)},
         {"verdict", OfVerdict(findings)},
         {"stories", OfStories(findings.stories)},
         {"remarks", OfRemarks(findings.remarks)}};

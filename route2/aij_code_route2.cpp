@@ -33,6 +33,7 @@ bool AijCodeRoute2::Initialize(std::string modelPath, std::string dataPath, std:
 
     modelFilePath = std::move(modelPath);
     zIsVertical = hostLink->IsZUp();
+    axisAsked = true;
     return SetLoadCaseNumbersWithDataFile();
 }
 

@@ -148,6 +148,7 @@ public:
 
     // Written by Initialize.
     std::string modelFilePath;
+    bool axisAsked = false;    ///< the host has said which axis is vertical
     bool zIsVertical = false;  ///< the vertical axis is Z; otherwise Y
 
     // Written by the constructor.
@@ -163,6 +164,7 @@ public:
     double allowStoryEccentricityModulus = 0.15;
 
     // Written by Initialize, from the input file.
+    bool loadCaseNumbersRead = false;  ///< the input file was there to be read
     std::int32_t deadLoadCaseNumber = 1;
     EarthquakeCases earthquakeLoadCaseNumber{1, 1};
 

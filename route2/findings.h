@@ -181,6 +181,7 @@ struct BuildingExtent {
 
 /// The roles of load cases, and which cases the model has.
 struct LoadCaseFindings {
+    bool inputRead = false;  ///< the run came as far as to read the roles from the input file
     std::int32_t dead = 1;
     EarthquakeCases earthquake{1, 1};
     std::vector<std::int32_t> primary;       ///< in the host's order
@@ -214,6 +215,7 @@ struct OverallVerdict {
 };
 
 struct Findings {
+    bool axisKnown = false;  ///< the run came as far as to ask the host which axis is vertical
     bool zIsVertical = false;
     bool inchUnits = false;
     std::vector<ModelNode> nodes;      ///< in the host's order
@@ -234,8 +236,12 @@ struct Findings {
 
     std::optional<double> groundLevel;  ///< of the input file's sheet lines, mm
 
-    /// Name of the second plan direction: the global axis that is neither X nor vertical.
-    char SecondDirection() const { return zIsVertical ? 'Y' : 'Z'; }
+    /// Name of the second plan direction: the global axis that is neither X nor vertical; 2 where a
+    /// run ended before it knew.
+    char SecondDirection() const {
+        if (!axisKnown) return '2';
+        return zIsVertical ? 'Y' : 'Z';
+    }
 };
 
 /// How many of a story's members lean.

@@ -22,6 +22,7 @@ int CountLeaning(const StoryFindings& story) {
 namespace {
 
 void FormModel(const AijCodeRoute2& engine, Findings& findings) {
+    findings.axisKnown = engine.axisAsked;
     findings.zIsVertical = engine.zIsVertical;
     findings.inchUnits = engine.inchUnits;
     for (std::size_t i = 0; i < engine.nodeSupported.size(); ++i)
@@ -35,8 +36,11 @@ void FormModel(const AijCodeRoute2& engine, Findings& findings) {
 }
 
 LoadCaseFindings FormLoadCases(const AijCodeRoute2& engine) {
-    LoadCaseFindings cases{
-        engine.deadLoadCaseNumber, engine.earthquakeLoadCaseNumber, {}, {}, engine.loadInfoSet};
+    LoadCaseFindings cases;
+    cases.inputRead = engine.loadCaseNumbersRead;
+    cases.dead = engine.deadLoadCaseNumber;
+    cases.earthquake = engine.earthquakeLoadCaseNumber;
+    cases.modelAsked = engine.loadInfoSet;
     const auto& numbers = engine.loadCaseNumbers;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         const bool isPrimary = std::cmp_less(i, engine.numPrimaryLoadCases);

@@ -45,6 +45,7 @@ const AllowableValue& AllowableValueOf(Keyword keyword) {
 bool AijCodeRoute2::SetLoadCaseNumbersWithDataFile() {
     InputFile file(dataFilePath);
     const LoadCaseNumbers read = ReadLoadCaseNumbers(file);
+    loadCaseNumbersRead = read.end != ReadingEnd::kNotOpened;
     if (read.dead) deadLoadCaseNumber = read.dead->value;
     if (read.earthquake)
         earthquakeLoadCaseNumber = {(*read.earthquake)[kX].value, (*read.earthquake)[kZ].value};

@@ -27,7 +27,7 @@ bool IsInModel(const LoadCaseFindings& cases, std::int32_t number) {
 
 void OnEqualCases(const Findings& findings, std::vector<Remark>& remarks) {
     const EarthquakeCases& cases = findings.loadCases.earthquake;
-    if (cases[kX] != cases[kZ]) return;
+    if (!findings.loadCases.inputRead || cases[kX] != cases[kZ]) return;
     RemarkCause cause("R01", RemarkKind::kError);
     cause.Add(0, {std::to_string(cases[kX]), std::to_string(cases[kX])});
     cause.Set("n", std::to_string(cases[kX]));

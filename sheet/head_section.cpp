@@ -50,12 +50,18 @@ std::string ProgramCell(const SheetContent& content) {
     return html;
 }
 
+std::string VerticalAxisText(const Findings& findings) {
+    if (!findings.axisKnown) return kNoFigure;
+    return findings.zIsVertical ? "Z" : "Y";
+}
+
 std::string UnitsCell(const Sheet& sheet) {
     const Findings& findings = sheet.findings;
-    return LabelledValues({{Text("model"), findings.inchUnits ? "inch, kip" : "m, kN"},
-                           {Text("this sheet"), "mm, kN"},
-                           {Text("vertical axis"), findings.zIsVertical ? "Z" : "Y"},
-                           {Text("second direction"), sheet.names.Direction(kZ)}});
+    return LabelledValues(
+        {{Text("model"), findings.inchUnits ? "inch, kip" : "m, kN"},
+         {Text("this sheet"), "mm, kN"},
+         {Text("vertical axis"), VerticalAxisText(findings)},
+         {Text("second direction"), findings.axisKnown ? sheet.names.Direction(kZ) : kNoFigure}});
 }
 
 std::string CasesCell(const Sheet& sheet) {
@@ -63,7 +69,8 @@ std::string CasesCell(const Sheet& sheet) {
     std::string html;
     const auto add = [&](const std::string& label, std::int32_t number) {
         const FilledWords name = sheet.names.LoadCase(number);
-        const std::string text = name.ja == name.en ? HtmlText(name.ja) : InOne(name);
+        std::string text = name.ja == name.en ? HtmlText(name.ja) : InOne(name);
+        if (!cases.inputRead) text = kNoFigure;
         html += Element("span", {{"class", "labelled"}}, label + " " + text) + " ";
     };
     add(InBoth(Text("dead load")), cases.dead);

@@ -57,9 +57,10 @@ private:
     }
 
     void TakeLoadCases() {
+        const LoadCaseFindings& cases = findings_.loadCases;
+        if (!cases.inputRead) return;
         InputFile file = File();
         const LoadCaseNumbers read = ReadLoadCaseNumbers(file);
-        const LoadCaseFindings& cases = findings_.loadCases;
         const auto dead = Filled(Text("dead case is"), {{"n", std::to_string(cases.dead)}});
         const auto earthquake = Filled(Text("earthquake cases are"),
                                        {{"x", std::to_string(cases.earthquake[kX])},

@@ -52,7 +52,8 @@ std::string SheetNames::Direction(std::size_t axis) const {
 
 std::string SheetNames::Coordinate(std::size_t axis) const {
     if (axis == kX) return "x";
-    return content_.findings.SecondDirection() == 'Y' ? "y" : "z";
+    if (!content_.findings.axisKnown) return "v";
+    return content_.findings.zIsVertical ? "y" : "z";
 }
 
 FilledWords SheetNames::LoadCase(std::int32_t number) const {

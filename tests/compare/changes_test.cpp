@@ -75,6 +75,17 @@ TEST(Changes, ShowWhatIsTheSameUnlessOnlyChangesAreWanted) {
     EXPECT_THAT(text, HasSubstr("\n  story 1, Y: eccentricity 0.100 OK =\n"));
 }
 
+TEST(Changes, SayWhatARunThatEndedEarlyDidNotKnow) {
+    RunRead b = GoodRun();
+    b.verticalAxis.clear();
+    b.secondDirection.clear();
+    b.loadCases = {};
+    const std::string text = OnlyChanges(GoodRun(), b);
+    EXPECT_THAT(text, HasSubstr("  dead load case 1 -> not known\n"));
+    EXPECT_THAT(text, HasSubstr("  earthquake load case, Y 3 -> not known\n"));
+    EXPECT_THAT(text, HasSubstr("  vertical axis Z -> not known\n"));
+}
+
 // R moves from x = 5610 to 3000 mm: the eccentricity in Y is what it is about.
 TEST(Changes, SayWhichCentreMoved) {
     RunRead a = GoodRun();

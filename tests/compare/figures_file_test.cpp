@@ -64,6 +64,15 @@ TEST_F(FiguresFile, GivesTheFiguresBack) {
     EXPECT_FALSE(run.remarks.empty());
 }
 
+TEST_F(FiguresFile, OfARunThatEndedBeforeItKnewCasesAndAxesIsRead) {
+    text = FiguresJson({}, {});
+    const RunRead run = Read();
+    EXPECT_EQ("", run.verticalAxis);
+    EXPECT_EQ("", run.secondDirection);
+    for (const auto& number : run.loadCases)
+        EXPECT_EQ(std::nullopt, number);
+}
+
 TEST_F(FiguresFile, ThatDoesNotExistIsNamed) {
     try {
         ReadFiguresFile(folder.Path("none.json"));

@@ -63,6 +63,19 @@ TEST_F(Remarks, NameEqualEarthquakeCases) {
     EXPECT_THAT(Ids(RunAsItIs()), Not(Contains("R01")));
 }
 
+// The engine begins with 1 for every case; the run ends before it reads 1, 2 and 3.
+TEST_F(Remarks, SayNothingOfCasesThatWereNotRead) {
+    RunAsItIs();
+    const auto axis = std::ranges::find(host.calls, "IsZUp()");
+    host.failAtCall = static_cast<std::size_t>(axis - host.calls.begin()) + 1;
+    host.calls.clear();
+    const Findings findings = RunAsItIs();
+    EXPECT_FALSE(findings.loadCases.inputRead);
+    EXPECT_FALSE(findings.axisKnown);
+    EXPECT_EQ('2', findings.SecondDirection());
+    EXPECT_THAT(Ids(findings), Not(Contains("R01")));
+}
+
 TEST_F(Remarks, NameCasesThatTheModelDoesNotHave) {
     const Findings findings = Run("DeadLoadCaseNumber,8,\nEarthquakeLoadCaseNumber,2,9,\nFIN\n");
     EXPECT_THAT(Find(findings, "R02").en,

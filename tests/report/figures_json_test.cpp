@@ -98,12 +98,27 @@ TEST(FiguresJson, SaysWhereTheRunCameFromAndHowItEnded) {
 
 TEST(FiguresJson, NamesTheAxes) {
     Findings findings;
+    findings.axisKnown = true;
     EXPECT_EQ("Z", Parsed(findings)["loadCases"]["secondDirection"]);
     EXPECT_EQ("Y", Parsed(findings)["model"]["verticalAxis"]);
     EXPECT_EQ("m,kN", Parsed(findings)["model"]["hostUnits"]);
     findings.zIsVertical = findings.inchUnits = true;
     EXPECT_EQ("Y", Parsed(findings)["loadCases"]["secondDirection"]);
     EXPECT_EQ("inch,kip", Parsed(findings)["model"]["hostUnits"]);
+}
+
+TEST(FiguresJson, LeavesOpenWhatARunDidNotComeToAskOrRead) {
+    const Json json = Parsed({});
+    EXPECT_TRUE(json["model"]["verticalAxis"].is_null());
+    for (const char* key : {"dead", "x", "second", "secondDirection"})
+        EXPECT_TRUE(json["loadCases"].contains(key) && json["loadCases"][key].is_null()) << key;
+}
+
+TEST(FiguresJson, NamesTheCasesThatTheInputFileNamesNotItself) {
+    Findings findings;  // an input file without its lines: the cases are the tool's own, 1, 1 and 1
+    findings.loadCases.inputRead = true;
+    EXPECT_EQ(1, Parsed(findings)["loadCases"]["dead"]);
+    EXPECT_EQ(1, Parsed(findings)["loadCases"]["second"]);
 }
 
 TEST(FiguresJson, ReplacesBytesThatAreNotUtf8) {

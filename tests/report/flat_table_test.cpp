@@ -15,6 +15,7 @@ namespace {
 
 Findings TwoStories() {
     Findings findings;
+    findings.axisKnown = true;
     findings.loadCases.earthquake = {2, 3};
     for (const int number : {1, 2}) {
         StoryFindings& story = findings.stories.emplace_back();

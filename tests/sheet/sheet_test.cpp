@@ -163,6 +163,19 @@ TEST_F(CalculationSheet, OfARunThatEndedEarlySaysWhyAndIsNotOk) {
     EXPECT_EQ("未確定", CellText(html, "verdict.code"));
 }
 
+// Neither cases nor axes are known then; the engine's own are no statement about the building.
+TEST_F(CalculationSheet, OfARunThatEndedBeforeTheInputWasReadNamesNoCasesAndNoAxes) {
+    Html();
+    const auto axis = std::ranges::find(host.calls, "IsZUp()");
+    host.failAtCall = static_cast<std::size_t>(axis - host.calls.begin()) + 1;
+    host.calls.clear();
+    const std::string html = Html();
+    for (const char* label : {"vertical axis", "second direction (global)", "dead load",
+                              "earthquake X", "earthquake 2"})
+        EXPECT_THAT(html, HasSubstr(std::string(label) + "</span> —</span>"));
+    EXPECT_THAT(html, Not(HasSubstr(">R01<")));
+}
+
 TEST_F(CalculationSheet, LeavesTheDetailsOutWhenTold) {
     SheetOptions options;
     options.detail = SheetDetail::kNone;

@@ -32,7 +32,7 @@ StoryFindings SoundStory(int number) {
 class VerdictLineText : public testing::Test {
 protected:
     VerdictLineText() {
-        findings.zIsVertical = true;
+        findings.axisKnown = findings.zIsVertical = true;
         findings.stories = {SoundStory(1), SoundStory(2)};
         findings.verdict.code = CodeVerdict::kOk;
     }

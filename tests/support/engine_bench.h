@@ -19,6 +19,7 @@ public:
         engine.resultFilePath = folder.Path("model.aijR2Result.csv");
         engine.logFilePath = folder.Path("log.txt");
         engine.logFile = std::fopen(engine.logFilePath.c_str(), "w");
+        engine.axisAsked = true;
         engine.zIsVertical = host.zUp;
     }
     ~EngineBench() { std::fclose(engine.logFile); }
