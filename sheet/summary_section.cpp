@@ -245,9 +245,10 @@ std::string SummaryTable(const Sheet& sheet, NoteList& notes) {
 
 // --- Extent --------------------------------------------------------------------------------------
 
-std::string AgainstLimit(const Figure& value, double limit) {
+// " ≦ 31 m", or " ＞ 31 m"; nothing of a value that was not formed.
+std::string AgainstLimit(const Figure& value, double limit, const std::string& text) {
     if (!value) return {};
-    return *value <= limit ? "≦" : "＞";
+    return (*value <= limit ? " ≦ " : " ＞ ") + text;
 }
 
 // A line of the extent; beyond its limit it names the remark.
@@ -264,16 +265,16 @@ bool IsBeyond(const Figure& value, double limit) {
 std::string ExtentLines(const Sheet& sheet) {
     const auto& [height, width, slenderness] = sheet.findings.extent;
     return ExtentLine(Text("height of the model"),
-                      "H = " + LevelText(height) + " mm " +
-                          AgainstLimit(height, kGreatestBuildingHeight) + " 31 m",
+                      "H = " + LevelText(height) + " mm" +
+                          AgainstLimit(height, kGreatestBuildingHeight, "31 m"),
                       IsBeyond(height, kGreatestBuildingHeight)) +
            ExtentLine(Text("plan widths"),
                       "B_X = " + LevelText(width[kX]) + " mm,  B_" + sheet.names.Direction(kZ) +
                           " = " + LevelText(width[kZ]) + " mm",
                       false) +
            ExtentLine(Text("slenderness"),
-                      "H / min B = " + NumberText(slenderness, kFactorFormat) + " " +
-                          AgainstLimit(slenderness, kGreatestSlenderness) + " 4",
+                      "H / min B = " + NumberText(slenderness, kFactorFormat) +
+                          AgainstLimit(slenderness, kGreatestSlenderness, "4"),
                       IsBeyond(slenderness, kGreatestSlenderness));
 }
 

@@ -161,6 +161,7 @@ TEST_F(CalculationSheet, OfARunThatEndedEarlySaysWhyAndIsNotOk) {
     const std::string html = Html();
     EXPECT_THAT(Section(html, "S1"), HasSubstr("class=\"alarm\""));
     EXPECT_EQ("未確定", CellText(html, "verdict.code"));
+    EXPECT_THAT(html, HasSubstr(" H = — mm</p>"));  // nothing is compared with the 31 m
 }
 
 // Neither cases nor axes are known then; the engine's own are no statement about the building.
