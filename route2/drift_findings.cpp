@@ -59,7 +59,8 @@ Figure MeanUprightDrift(const StoryFindings& story, std::size_t axis) {
 
 void FormMeanUpright(const StoryFindings& found, std::size_t axis, DirectionFindings& direction) {
     direction.meanUprightDrift = MeanUprightDrift(found, axis);
-    if (direction.meanUprightDrift && direction.worstUpright.drift)
+    // Where the mean is formed every member has a drift, the worst one too.
+    if (direction.meanUprightDrift)
         direction.maxOverMean = Finite(*direction.worstUpright.drift / *direction.meanUprightDrift);
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 
 #include "route2/shape_factors.h"
@@ -82,10 +83,35 @@ TEST_F(SmallBuildingFigures, CompareTheLargestDriftWithTheMeanAndWithItsLimit) {
     EXPECT_THAT(x.toolMax.angle, Near(1.0 / 250));
 }
 
+// Member 5 leans, and moves without end: no mean, but the worst upright member is known.
+TEST_F(SmallBuildingFigures, CompareNothingWithAMeanThatIsNoNumber) {
+    host.Node(5, 3, 0, 0, true).Node(15, 5, 3.5, 0).Member(5, 5, 15);
+    host.Displace(2, 15, std::numeric_limits<double>::infinity(), 0, 0);
+    const DirectionFindings x = Story().directions[kX];
+    EXPECT_EQ(std::nullopt, x.meanUprightDrift);
+    EXPECT_EQ(std::nullopt, x.maxOverMean);
+    EXPECT_THAT(x.worstUpright.angle, Near(1.0 / 500));
+}
+
 TEST_F(SmallBuildingFigures, CompareRatioAndModulusWithTheirLimits) {
     const DirectionFindings x = Story().directions[kX];
     EXPECT_THAT(x.ratioUtilisation, Near(0.6));
     EXPECT_THAT(x.modulusUtilisation, Near(0.0));
+}
+
+TEST_F(SmallBuildingFigures, SayWhyThereIsNoModulusWithoutWeight) {
+    for (std::int32_t column = 1; column <= 4; ++column)
+        host.Force(1, column, 0, 0, 0, 0);
+    EXPECT_EQ(WhyUndetermined::kNoWeight, Story().directions[kX].eccentricityWhy);
+}
+
+// Nothing pushes in Z: neither direction has a modulus, for the centre of rigidity needs both.
+TEST_F(SmallBuildingFigures, SayWhyThereIsNoModulusWithoutStiffnessInOneDirection) {
+    for (std::int32_t column = 1; column <= 4; ++column)
+        host.Force(3, column, 0, 0, 0, 0);
+    const StoryFindings story = Story();
+    for (const std::size_t axis : {kX, kZ})
+        EXPECT_EQ(WhyUndetermined::kNoStiffness, story.directions[axis].eccentricityWhy);
 }
 
 // r_e = sqrt(176e6 / 8) in X; the centres coincide, so they may part by 0.15 of it.
