@@ -14,6 +14,7 @@ using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
@@ -66,6 +67,16 @@ TEST_F(TablesCommands, ImportEndsWith2AndALineForEachFault) {
             folder.Path("tower") + ": 3 faults in the tables; nothing was written\n",
         run.err);
     EXPECT_FALSE(folder.Has("tower.qhm"));
+}
+
+// A name that would turn the terminal red is written out.
+TEST_F(TablesCommands, ImportNamesThingsInPlainCharacters) {
+    tables.SetLine("nodes", 2, "\x1b[31m,0,0,0");
+    tables.SetLine("nodes", 3, "\x1b[31m,6,0,0");
+    const ProgramRun run = Cli({"import", Folder(), folder.Path("tower.qhm")});
+    EXPECT_EQ(2, run.exitCode);
+    EXPECT_THAT(run.err, HasSubstr(": node \\x1b[31m stands twice; one row is expected\n"));
+    EXPECT_THAT(run.err, Not(HasSubstr("\x1b")));
 }
 
 TEST_F(TablesCommands, ImportEndsWith1AtAWrongStatementAndKeepsWhatStoodThere) {
