@@ -105,6 +105,12 @@ TEST_F(SmallBuildingFigures, SayWhyThereIsNoModulusWithoutWeight) {
     EXPECT_EQ(WhyUndetermined::kNoWeight, Story().directions[kX].eccentricityWhy);
 }
 
+TEST_F(SmallBuildingFigures, SayWhyThereIsNoModulusWhereTheModelHasOneOfTheCases) {
+    const StoryFindings story = Story("EarthquakeLoadCaseNumber,2,77,\nFIN\n");
+    for (const std::size_t axis : {kX, kZ})
+        EXPECT_EQ(WhyUndetermined::kCaseNotInModel, story.directions[axis].eccentricityWhy);
+}
+
 // Nothing pushes in Z: neither direction has a modulus, for the centre of rigidity needs both.
 TEST_F(SmallBuildingFigures, SayWhyThereIsNoModulusWithoutStiffnessInOneDirection) {
     for (std::int32_t column = 1; column <= 4; ++column)

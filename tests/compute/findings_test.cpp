@@ -277,6 +277,8 @@ TEST_F(SmallBuilding, WhoseHostFailsAfterTheResultsHasNoStoryShearButAllElse) {
     EXPECT_TRUE(findings.end.complete);
     EXPECT_EQ(std::nullopt, findings.stories[0].directions[kX].storyShear);
     EXPECT_THAT(findings.stories[0].directions[kX].shearOfStoryMembers, Near(28.0));
+    EXPECT_EQ(std::nullopt, findings.stories[0].directions[kX].share);
+    EXPECT_EQ(std::nullopt, findings.stories[0].directions[kX].shearCoefficient);
     EXPECT_GT(findings.failedExtraQuestions, 1);
     EXPECT_EQ("GetMemberEndForces(2, 0, 2) failed on demand", findings.firstFailedQuestion);
 }

@@ -160,6 +160,20 @@ TEST_F(Remarks, NameALeaningMemberThatMovesMost) {
     EXPECT_THAT(Find(findings, "R10").stories, ElementsAre(1));
 }
 
+// The same brace twice, as members 5 and 6.
+TEST_F(Remarks, NameTheFirstOfLeaningMembersThatMoveAlike) {
+    host.Node(15, 3, 3.5, 4).Displace(2, 15, 0.014, 0, 0).Member(5, 1, 15).Member(6, 1, 15);
+    EXPECT_THAT(Find(RunAsItIs(), "R10").en, HasSubstr("leaning member 5, upright 1"));
+}
+
+// Only the brace is a story member: it is the worst of all, but no upright one.
+TEST_F(Remarks, NameNoUprightMemberWhereAllOfThemLean) {
+    host.Node(15, 3, 3.5, 4).Displace(2, 15, 0.014, 0, 0).Member(5, 1, 15);
+    const Findings findings = Run(kLoadCaseLines + kFloors + "StoryMember,\n1,5,\nFIN\n");
+    EXPECT_EQ(5, findings.stories.at(0).directions[kX].worstUpright.member);
+    EXPECT_THAT(Find(findings, "R10").en, HasSubstr("leaning member 5, upright —, mean 0.0%"));
+}
+
 TEST_F(Remarks, NameObliqueMembersWithZVerticalOnly) {
     FakeHost standing;
     standing.zUp = true;
@@ -296,10 +310,12 @@ TEST(RemarksOnTwoStories, SayOnceWhatWasNotCalculatedInBoth) {
         Find(findings, "R19").en);
 }
 
-// Node 14 goes 10 mm in X and the others 7: the plane through them leaves 0.75 mm, 9.7 % of 7.75.
+// Node 14 goes 10 mm in X and the others 7: beside their mean -0.75 three times, and 2.25 mm, at -2,
+// -2, 2 and 2 m in Z. That turns the floor by 6 / (4 (9 + 4)) mm/m, which leaves node 14 2.25 - 2 x
+// 6/52 = 2.019 mm, 26.1 % of 7.75.
 TEST_F(Remarks, NameAFloorThatDoesNotMoveAsOnePiece) {
     host.Displace(2, 14, 0.010, 0, 0);
-    EXPECT_THAT(Find(RunAsItIs(), "R20").en, HasSubstr("floor above story 1 X (residual "));
+    EXPECT_THAT(Find(RunAsItIs(), "R20").en, HasSubstr("floor above story 1 X (residual 26.1%)"));
 }
 
 // A floor that turns by 0.001 moves its nodes by 0.001 times their distance: rigid all the same.
