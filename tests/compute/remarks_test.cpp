@@ -310,9 +310,9 @@ TEST(RemarksOnTwoStories, SayOnceWhatWasNotCalculatedInBoth) {
         Find(findings, "R19").en);
 }
 
-// Node 14 goes 10 mm in X and the others 7: beside their mean -0.75 three times, and 2.25 mm, at -2,
-// -2, 2 and 2 m in Z. That turns the floor by 6 / (4 (9 + 4)) mm/m, which leaves node 14 2.25 - 2 x
-// 6/52 = 2.019 mm, 26.1 % of 7.75.
+// Node 14 goes 10 mm in X and the others 7: beside their mean -0.75 three times, and 2.25 mm, at
+// -2, -2, 2 and 2 m in Z. That turns the floor by 6 / (4 (9 + 4)) mm/m, which leaves node 14 2.25 -
+// 2 x 6/52 = 2.019 mm, 26.1 % of 7.75.
 TEST_F(Remarks, NameAFloorThatDoesNotMoveAsOnePiece) {
     host.Displace(2, 14, 0.010, 0, 0);
     EXPECT_THAT(Find(RunAsItIs(), "R20").en, HasSubstr("floor above story 1 X (residual 26.1%)"));
