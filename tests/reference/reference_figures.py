@@ -138,9 +138,9 @@ class Figures:
         self.host = getattr(run, "host", None)
         self.cases = run.load_cases
         # Asked once the log is open; before, Y is taken for vertical.
-        self.z_up = getattr(run, "z_up", False)
+        self.z_up = run.z_up
         self.complete = "Calculation Complete" in run.status
-        self.equal_cases = run.quake_case[0] == run.quake_case[1]
+        self.equal_cases = run.cases_read and run.quake_case[0] == run.quake_case[1]
         self.stories = []
         self.ground_level = self.sheet_ground()
         self.unanswered = []   # extra questions that a recording does not answer
@@ -611,14 +611,16 @@ def as_json(figures, remarks, date):
         "tool": None,
         "made": date,
         "model": {"path": run.model_path, "sha256": digest(run.model_path),
-                  "verticalAxis": "Z" if figures.z_up else "Y",
+                  "verticalAxis": {True: "Z", False: "Y", None: None}[figures.z_up],
                   "hostUnits": "inch,kip" if run.inches else "m,kN",
                   "nodes": len(run.node_coords), "members": len(run.member_numbers)},
         "input": {"path": run.input_path, "sha256": digest(run.input_path)},
         "source": "recording",
         "run": {"complete": figures.complete, "failure": None},
-        "loadCases": {"dead": run.dead_case, "x": run.quake_case[0], "second": run.quake_case[1],
-                      "secondDirection": "Y" if figures.z_up else "Z"},
+        "loadCases": {"dead": run.dead_case if run.cases_read else None,
+                      "x": run.quake_case[0] if run.cases_read else None,
+                      "second": run.quake_case[1] if run.cases_read else None,
+                      "secondDirection": {True: "Y", False: "Z", None: None}[figures.z_up]},
         "verdict": {"code": figures.overall_code(errors), "tool": figures.overall_tool(),
                     "errors": errors, "warnings": warnings},
         "stories": [story_entry(story) for story in figures.stories],

@@ -271,6 +271,8 @@ class Run:
         self.log_text = None      # bytes once the log is open
         self.results_text = None  # bytes once the results file is open
 
+        self.z_up = None          # until the host was asked
+        self.cases_read = False   # from the input file
         self.dead_case = 1
         self.quake_case = [1, 1]
         self.nodes_set = False
@@ -426,6 +428,7 @@ class Run:
                     self.quake_case[0] = whole_number(fields.take_value(line, 1))
                     self.quake_case[1] = whole_number(fields.take_value(line, 2))
             return True
+        self.cases_read = not os.path.isdir(self.input_path)
         return self.read(reader, "Data file line number is too large.")
 
     def read_levels(self):
