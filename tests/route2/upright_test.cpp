@@ -30,3 +30,8 @@ TEST(Upright, StandsAlongZWhereZIsVertical) {
 TEST(Upright, IsNoBeam) {
     EXPECT_FALSE(IsUpright({0, 3500, 0}, {6000, 3500, 0}, false));
 }
+
+// Both ends at one point, or both nodes missing: no plan distance is no lean, 0 <= 0.05 x 0.
+TEST(Upright, IsAMemberWithoutLength) {
+    EXPECT_TRUE(IsUpright({3000, 3500, 0}, {3000, 3500, 0}, false));
+}
