@@ -21,7 +21,8 @@ find build/coverage -name '*.gcda' -delete
 # Where a test takes away the room for files, what counts cannot write either, and would say so among
 # the lines of the program.
 export GCOV_ERROR_FILE=/dev/null
-ctest --preset coverage -j "$(nproc)" "$@" </dev/null >>"$log" 2>&1 ||
+# The test that is left out runs the program as another user, who may not write the counts.
+ctest --preset coverage -j "$(nproc)" -E ResultsOfAnEarlierRunAreCautionedAbout "$@" </dev/null >>"$log" 2>&1 ||
     { tail -n 30 "$log"; exit 1; }
 filters=()
 for folder in "${product_folders[@]}"; do filters+=(--filter "$folder/"); done
