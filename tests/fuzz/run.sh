@@ -7,8 +7,8 @@
 # Inputs are up to 4096 bytes long; of shorter ones more are tried in a second, about twice as many of
 # the lines of the sheet up to 256 bytes.
 #
-# What the fuzzer learns is kept in build/fuzz/corpus for the next time; how often each target was
-# executed is added up in build/fuzz/executions and written into docs/coverage.md. A finding ends its
+# What the fuzzer learns is kept in build/fuzz/corpus for the next time; how often a target was executed
+# is added to its count in docs/coverage.md when it ends. A finding ends its
 # target and is saved in build/fuzz/findings/TARGET; when it is fixed, put the file into
 # tests/fuzz/regressions/TARGET, where every test run replays it.
 set -euo pipefail
@@ -49,7 +49,6 @@ for target in "$@"; do
         -artifact_prefix="$findings"/ "$corpus" "$seeds" tests/fuzz/regressions/"$target" 2>&1 |
         tee "$report" || status=1
     executed=$(sed -n 's/^stat::number_of_executed_units: *//p' "$report")
-    echo "$target ${executed:-0}" >>build/fuzz/executions
+    python3 tests/fuzz/add_executions.py "$target" "${executed:-0}" docs/coverage.md
 done
-python3 tests/fuzz/write_executions.py build/fuzz/executions docs/coverage.md
 exit $status
