@@ -3,7 +3,6 @@
 #include <iostream>
 
 #include "cli/messages.h"
-#include "platform/one_line.h"
 
 void TellCautions(const TablesImport& import) {
     for (const std::string& line : import.cautions)
@@ -15,7 +14,7 @@ void TellCautions(const TablesImport& import) {
 // Lines that begin with a place, as an editor or a terminal makes it a link.
 bool TellFaults(const std::string& folder, const TablesImport& import) {
     for (const std::string& line : import.faults)
-        std::cerr << OneLine(line) << "\n";
+        std::cerr << line << "\n";
     if (import.faultCount == 0) return false;
     std::string count = (import.areAllFaultsCounted ? "" : "more than ") +
                         std::to_string(import.faultCount) +
@@ -28,6 +27,6 @@ bool TellFaults(const std::string& folder, const TablesImport& import) {
 
 bool TellWrongStatements(const TablesImport& import) {
     for (const std::string& line : import.findings.wrong)
-        std::cerr << OneLine(line) << "\n";
+        std::cerr << line << "\n";
     return !import.findings.wrong.empty();
 }
