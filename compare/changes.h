@@ -31,8 +31,8 @@ struct Comparison {
 /// greater amount, and their verdicts are the same.
 Comparison CompareRuns(const RunRead& a, const RunRead& b, double tolerance);
 
-/// Name of a plan direction of two runs: X, or what B calls the second one; A where B does not
-/// know.
+/// Name of a plan direction of two runs: X, or what B calls the second one, or A where B ended
+/// before it knew; 2 where neither knows.
 std::string DirectionName(const RunRead& a, const RunRead& b, std::size_t axis);
 
 /// Whether two figures count as the same.

@@ -22,7 +22,8 @@ find build/coverage -name '*.gcda' -delete
 # the lines of the program.
 export GCOV_ERROR_FILE=/dev/null
 # The test that is left out runs the program as another user, who may not write the counts.
-ctest --preset coverage -j "$(nproc)" -E ResultsOfAnEarlierRunAreCautionedAbout "$@" </dev/null >>"$log" 2>&1 ||
+ctest --preset coverage -j "$(nproc)" -E ResultsOfAnEarlierRunAreCautionedAbout "$@" \
+    </dev/null >>"$log" 2>&1 ||
     { tail -n 30 "$log"; exit 1; }
 filters=()
 for folder in "${product_folders[@]}"; do filters+=(--filter "$folder/"); done

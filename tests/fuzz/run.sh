@@ -8,9 +8,9 @@
 # the lines of the sheet up to 256 bytes.
 #
 # What the fuzzer learns is kept in build/fuzz/corpus for the next time; how often a target was executed
-# is added to its count in docs/coverage.md when it ends. A finding ends its
-# target and is saved in build/fuzz/findings/TARGET; when it is fixed, put the file into
-# tests/fuzz/regressions/TARGET, where every test run replays it.
+# is added to its count in docs/coverage.md when it ends. A finding ends its target and is saved in
+# build/fuzz/findings/TARGET; when it is fixed, put the file into tests/fuzz/regressions/TARGET, where
+# every test run replays it.
 set -euo pipefail
 
 longest=4096

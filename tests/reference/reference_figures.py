@@ -137,8 +137,7 @@ class Figures:
         self.run = run
         self.host = getattr(run, "host", None)
         self.cases = run.load_cases
-        # Asked once the log is open; before, Y is taken for vertical.
-        self.z_up = run.z_up
+        self.z_up = run.z_up  # None where the run ended before it asked
         self.complete = "Calculation Complete" in run.status
         self.equal_cases = run.cases_read and run.quake_case[0] == run.quake_case[1]
         self.stories = []

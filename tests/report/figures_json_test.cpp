@@ -114,8 +114,9 @@ TEST(FiguresJson, LeavesOpenWhatARunDidNotComeToAskOrRead) {
         EXPECT_TRUE(json["loadCases"].contains(key) && json["loadCases"][key].is_null()) << key;
 }
 
-TEST(FiguresJson, NamesTheCasesThatTheInputFileNamesNotItself) {
-    Findings findings;  // an input file without its lines: the cases are the tool's own, 1, 1 and 1
+// 1 is what a run takes for each case that has no line.
+TEST(FiguresJson, NamesTheCasesThatARunTookWhereTheInputFileNamesNone) {
+    Findings findings;
     findings.loadCases.inputRead = true;
     EXPECT_EQ(1, Parsed(findings)["loadCases"]["dead"]);
     EXPECT_EQ(1, Parsed(findings)["loadCases"]["second"]);

@@ -65,6 +65,27 @@ TEST(ImportTables, LeavesOutWhatIsNoBarAndNamesIt) {
     EXPECT_EQ(8U, import.model->members.size());
 }
 
+TEST(ImportTables, WritesOutControlCharactersOfNamesThatItLeavesOut) {
+    OneStoryTables tables;
+    tables.Rows("members")[0] += ",type";
+    for (std::size_t i = 1; i < tables.Rows("members").size(); ++i)
+        tables.Rows("members")[i] += ",bar";
+    tables.Rows("members").push_back("S\x1b,,,plate");
+    EXPECT_THAT(tables.Import().report, HasSubstr("1 of type plate (S\\x1b)"));
+}
+
+// Member 1 is named so, and states its forces the wrong way round with all the others.
+TEST(ImportTables, WritesOutControlCharactersOfNamesInWrongStatements) {
+    OneStoryTables tables;
+    tables.SetLine("members", 2, "C\x07,1,5");
+    for (std::string& row : tables.Rows("forces"))
+        if (row.substr(1, 3) == ",1,") row = row.substr(0, 1) + ",C\x07," + row.substr(4);
+    tables.State("endForceSense", "onNode");
+    const TablesImport import = tables.Import();
+    ASSERT_FALSE(import.findings.wrong.empty());
+    EXPECT_THAT(import.findings.wrong.front(), HasSubstr("(C\\x07, 2, 3, 4)"));
+}
+
 TEST(ImportTables, TakesTheOutermostStationsInAnyOrder) {
     OneStoryTables tables;
     tables.Rows("forces")[0] = "case,member,station,f1,f2,f3";
