@@ -29,8 +29,7 @@ std::string MemberLines(const TableMembers& members) {
     std::string lines = Line("members", std::to_string(members.bars.size()) + " bars");
     for (const auto& [type, names] : members.leftOut)
         lines += Line("left out", std::to_string(names.size()) + " of type " +
-                                      OneLine(type, kLongestName) + " (" +
-                                      OneLine(ListText(names)) + ")");
+                                      OneLine(type, kLongestName) + " (" + ListText(names) + ")");
     return lines;
 }
 
